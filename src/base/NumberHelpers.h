@@ -1,0 +1,11 @@
+// Number conversions shared by the toolkit.
+#pragma once
+
+#include <cstdint>
+
+// Float to int as the processor truncates: a value out of range (or NaN) gives
+// the one "indefinite" integer rather than undefined behaviour.
+inline int TruncateToInt(float value) {
+    if (!(value > -2147483904.0f && value < 2147483648.0f)) return INT32_MIN;
+    return int(value);
+}

@@ -1,0 +1,9 @@
+#include "TAVUElementDeleter.h"
+
+#include "TAVUElement.h"
+
+void TAVUElementDeleter::Delete(TAVUElement* element) {
+    if (!element) return;
+    element->OnDestroy();
+    delete element;
+}

@@ -1,0 +1,307 @@
+#include "CUIManager.h"
+
+#include "HostInterface.h"
+#include "Module.h"
+#include "RXTypeDefinition.h"
+#include "StringHelpers.h"
+#include "TAVUElement.h"
+#include "TAVUScreen.h"
+#include "TAVUScriptTypes.h"
+
+#include <cstring>
+
+// The manager exists before any element factory registers itself while the
+// module loads, so it is constructed first of all the module's globals.
+__attribute__((init_priority(101))) CUIManager g_UIManager;
+
+namespace {
+
+struct NamedCommand {
+    const char* Name;
+    RXCommandHandler Handler; // null until the command is built
+};
+
+struct NamedObject {
+    const char* Name;
+    RXTopLevelObjectHandler Handler; // null until the object is built
+};
+
+// The script commands and top-level objects, in the order the host sees them
+// registered. Each fills in its handler as it lands.
+const NamedCommand kCommands[] = {
+    {"UI", nullptr}, {"UIElement", nullptr}, {"MessageBox", nullptr}, {"InputBox", nullptr}};
+const NamedObject kTopLevelObjects[] = {
+    {"UIElement", nullptr}, {"UserInput", nullptr}, {"Tavukit", nullptr}};
+
+struct HostTypeHandle {
+    const char* Name;
+    RXTypeDefinition** Global;
+};
+
+const HostTypeHandle kHostTypes[] = {
+    {"string", &g_pStringType},     {"int", &g_pIntType},     {"int64", &g_pInt64Type},
+    {"bool", &g_pBoolType},         {"float", &g_pFloatType}, {"point3f", &g_pPoint3fType},
+    {"filepath", &g_pFilePathType}, {"uint", &g_pUIntType},
+};
+
+} // namespace
+
+CUIManager::CUIManager() {
+    InitializeCriticalSection(&Lock);
+    memset(KeyState, 0, sizeof(KeyState));
+    StrCopyBounded(Prefix, "TAVU", sizeof(Prefix));
+    CurrentFile[0] = 0;
+    FrameTime = GetTickCount();
+}
+
+CUIManager::~CUIManager() {
+    Shutdown();
+    for (auto& entry : Metadata)
+        delete entry.second;
+    Metadata.clear();
+    DeleteCriticalSection(&Lock);
+}
+
+void CUIManager::Initialize() {
+    for (const HostTypeHandle& handle : kHostTypes)
+        *handle.Global = g_pHost->FindType(handle.Name);
+    PersistentClass = g_pHost->RegisterPersistentClass("Tavukit");
+    RegisterScriptTypes();
+    RegisterScriptAccess();
+    delete Screen;
+    Screen = new TAVUScreen();
+}
+
+void CUIManager::Shutdown() {
+    if (IsShutDown || !g_pHost) return;
+    RemoveScriptTypes();
+    RemoveScriptAccess();
+    IsShutDown = true;
+    delete Screen;
+    Screen = nullptr;
+    ClearTemplates();
+}
+
+unsigned CUIManager::GetVersion() {
+    return Version;
+}
+
+void CUIManager::ClearMouseState() {
+    MouseOverElementID = 0;
+    LeftButtonState = 0;
+    RightButtonState = 0;
+}
+
+void CUIManager::RegisterScriptTypes() {
+    for (const TAVUScriptTypeSlot& slot : g_TAVUScriptTypes) {
+        if (!slot.Make) continue;
+        RXTypeDefinition* type = slot.Make();
+        *slot.Global = type;
+        if (!type) continue;
+        type->Initialize(slot.Base ? *slot.Base : nullptr);
+        g_pHost->AddType(type);
+        g_pHost->SetPersistentClass(type, PersistentClass);
+    }
+}
+
+void CUIManager::RemoveScriptTypes() {
+    for (const TAVUScriptTypeSlot& slot : g_TAVUScriptTypes) {
+        RXTypeDefinition* type = *slot.Global;
+        if (!type) continue;
+        g_pHost->RemoveType(type);
+        delete type;
+        *slot.Global = nullptr;
+    }
+}
+
+void CUIManager::RegisterScriptAccess() {
+    for (const NamedObject& object : kTopLevelObjects)
+        if (object.Handler) g_pHost->AddTopLevelObject(object.Name, object.Handler);
+    for (const NamedCommand& command : kCommands)
+        if (command.Handler) g_pHost->AddCommand(command.Name, command.Handler, true, false);
+}
+
+void CUIManager::RemoveScriptAccess() {
+    for (const NamedObject& object : kTopLevelObjects)
+        if (object.Handler) g_pHost->RemoveTopLevelObject(object.Name);
+    for (const NamedCommand& command : kCommands)
+        if (command.Handler) g_pHost->RemoveCommand(command.Name);
+}
+
+void CUIManager::Render() {
+    if (LeftButtonState == 0 && RightButtonState == 0) SetMouseOverElement();
+    FrameTime = GetTickCount();
+    if (!Screen) return;
+    Screen->RecalculateSize(true);
+    Screen->AbsolutePosition = {0, 0};
+    if (Screen->Visible) Screen->Render();
+}
+
+void CUIManager::Reset() {
+    delete Screen;
+    Screen = new TAVUScreen();
+}
+
+TAVUElement* CUIManager::FindElement(const char* fullName) {
+    return ElementsByName[utf8stringnocase(fullName ? fullName : "")];
+}
+
+TAVUElement* CUIManager::FindElementByID(unsigned id) {
+    return ElementsByID[id];
+}
+
+TAVUElementFactory* CUIManager::FindFactory(const char* type) {
+    return Factories[utf8stringnocase(type ? type : "")];
+}
+
+bool CUIManager::ShowElement(const char* fullName, bool show) {
+    TAVUElement* element = FindElement(fullName);
+    if (!element) return false;
+    element->Show(show);
+    if (!show) SetFocusElement();
+    return true;
+}
+
+bool CUIManager::ToggleElement(const char* fullName) {
+    TAVUElement* element = FindElement(fullName);
+    if (!element) return false;
+    bool wasVisible = element->Visible;
+    element->Show(!wasVisible);
+    if (wasVisible) SetFocusElement();
+    return true;
+}
+
+TAVUElement* CUIManager::GetFocusElement() {
+    TAVUElement* element = FindElementByID(FocusElementID);
+    if (element && element->IsReallyVisible()) return element;
+    if (element) element->OnKeyboardExit(nullptr);
+    FocusElementID = 0;
+    return nullptr;
+}
+
+void CUIManager::SetFocusElement(TAVUElement* element) {
+    TAVUElement* old = FindElementByID(FocusElementID);
+    if (!element) {
+        if (old) old->OnKeyboardExit(nullptr);
+        FocusElementID = 0;
+        return;
+    }
+    if (!element->IsReallyVisible()) return;
+    if (old == element) {
+        FocusElementID = element->ID;
+        return;
+    }
+    if (old) old->OnKeyboardExit(element);
+    element->OnKeyboardEnter();
+    FocusElementID = element->ID;
+}
+
+TAVUElement* CUIManager::SetFocusElement() {
+    if (FocusElementID == 0) return nullptr;
+    TAVUElement* before = FindElementByID(FocusElementID);
+    // GetFocusElement already told a hidden focus element that it lost focus;
+    // it hears the exit a second time here, and handlers must bear that.
+    if (!GetFocusElement() && before) before->OnKeyboardExit(nullptr);
+    return nullptr;
+}
+
+TAVUElement* CUIManager::GetMouseOverElement() {
+    if (LeftPressedElementID) {
+        if (TAVUElement* pressed = FindElementByID(LeftPressedElementID)) return pressed;
+        LeftPressedElementID = 0;
+    }
+    if (RightPressedElementID) {
+        if (TAVUElement* pressed = FindElementByID(RightPressedElementID)) return pressed;
+        RightPressedElementID = 0;
+    }
+    TAVUElement* over = FindElementByID(MouseOverElementID);
+    if (over && over->Visible) return over;
+    return SetMouseOverElement();
+}
+
+TAVUElement* CUIManager::SetMouseOverElement() {
+    if (MouseOverRootID) {
+        TAVUElement* root = FindElementByID(MouseOverRootID);
+        TAVUElement* found = root ? root->FindMouseOver(MousePosition, nullptr) : nullptr;
+        if (found) {
+            // An open drop-down hears "OnMouseEnter" on every call, never an exit.
+            MouseOverElementID = found->ID;
+            AutoTooltipElementID = 0;
+            MouseEnterTime = GetTickCount();
+            found->OnMouseEnter(MousePosition);
+            return found;
+        }
+    }
+    TAVUElement* old = FindElementByID(MouseOverElementID);
+    TAVUElement* found = Screen ? Screen->FindMouseOver(MousePosition, nullptr) : nullptr;
+    if (!found) {
+        if (old) old->OnMouseExit(nullptr);
+        MouseOverElementID = 0;
+        return nullptr;
+    }
+    MouseOverElementID = found->ID;
+    if (found == old) return found;
+    if (old) old->OnMouseExit(found);
+    AutoTooltipElementID = 0;
+    MouseEnterTime = GetTickCount();
+    found->OnMouseEnter(MousePosition);
+    return found;
+}
+
+bool CUIManager::GetTextureSize(unsigned handle, _Point2i& size) {
+    return g_pHost->GetTextureSize(handle, size);
+}
+
+unsigned CUIManager::AcquireFont(const char* name, int height, bool fixed, bool bold) {
+    return g_pHost->AcquireFont(name, height, fixed, bold);
+}
+
+void CUIManager::ReleaseFont(unsigned handle) {
+    if (!IsShutDown) g_pHost->ReleaseFont(handle);
+}
+
+unsigned CUIManager::AcquireTexture(const char* file, unsigned colorKey) {
+    return g_pHost->AcquireTexture(file, colorKey);
+}
+
+void CUIManager::ReleaseTexture(unsigned handle) {
+    if (!IsShutDown) g_pHost->ReleaseTexture(handle);
+}
+
+const char* CUIManager::GetMetadata(unsigned id, const char* key) {
+    auto found = Metadata.find(id);
+    if (found == Metadata.end()) return "";
+    auto value = found->second->find(utf8stringnocase(key ? key : ""));
+    return value == found->second->end() ? "" : value->second.c_str();
+}
+
+bool CUIManager::SetMetadata(unsigned id, const char* key, const char* value) {
+    MetadataMap*& values = Metadata[id];
+    if (!values) values = new MetadataMap();
+    (*values)[utf8stringnocase(key ? key : "")] = value ? value : "";
+    return true;
+}
+
+bool CUIManager::UnsetMetadata(unsigned id, const char* key) {
+    auto found = Metadata.find(id);
+    if (found == Metadata.end()) return false;
+    return found->second->erase(utf8stringnocase(key ? key : "")) > 0;
+}
+
+void CUIManager::ClearMetadata(TAVUElement* element) {
+    if (!element) return;
+    auto found = Metadata.find(element->ID);
+    if (found == Metadata.end()) return;
+    delete found->second;
+    Metadata.erase(found);
+}
+
+XMLNode* CUIManager::FindTemplate(const char* name) {
+    if (!name) return nullptr;
+    auto found = Templates.find(utf8stringnocase(name));
+    return found == Templates.end() ? nullptr : found->second;
+}
+
+void CUIManager::ClearTemplates() {
+    Templates.clear();
+}

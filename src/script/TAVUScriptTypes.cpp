@@ -1,0 +1,60 @@
+#include "TAVUScriptTypes.h"
+
+RXTypeDefinition* pTAVUKitType = nullptr;
+RXTypeDefinition* pTAVUElementType = nullptr;
+RXTypeDefinition* pTAVUFrameType = nullptr;
+RXTypeDefinition* pTAVUListBoxItemType = nullptr;
+RXTypeDefinition* pTAVUListBoxType = nullptr;
+RXTypeDefinition* pTAVUButtonType = nullptr;
+RXTypeDefinition* pTAVUCheckBoxType = nullptr;
+RXTypeDefinition* pTAVUComboBoxType = nullptr;
+RXTypeDefinition* pTAVUConsoleType = nullptr;
+RXTypeDefinition* pTAVUFontType = nullptr;
+RXTypeDefinition* pTAVUGaugeType = nullptr;
+RXTypeDefinition* pTAVUHudElementType = nullptr;
+RXTypeDefinition* pTAVUMapBlipType = nullptr;
+RXTypeDefinition* pTAVUMapType = nullptr;
+RXTypeDefinition* pTAVUMessageBoxType = nullptr;
+RXTypeDefinition* pTAVUScrollBarType = nullptr;
+RXTypeDefinition* pTAVUSliderType = nullptr;
+RXTypeDefinition* pTAVUTabType = nullptr;
+RXTypeDefinition* pTAVUTabControlType = nullptr;
+RXTypeDefinition* pTAVUTextType = nullptr;
+RXTypeDefinition* pTAVUTextEditType = nullptr;
+RXTypeDefinition* pTAVUTextEntryType = nullptr;
+RXTypeDefinition* pTAVUTextureType = nullptr;
+RXTypeDefinition* pTAVUTooltipType = nullptr;
+RXTypeDefinition* pTAVUTreeNodeType = nullptr;
+RXTypeDefinition* pTAVUTreeType = nullptr;
+RXTypeDefinition* pTAVUWindowType = nullptr;
+
+// Registering a type as it lands is one Make function in its row.
+const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
+    {"tavukit", &pTAVUKitType, nullptr, nullptr},
+    {"tavuelement", &pTAVUElementType, nullptr, nullptr},
+    {"tavuframe", &pTAVUFrameType, nullptr, &pTAVUElementType},
+    {"tavulistboxitem", &pTAVUListBoxItemType, nullptr, nullptr},
+    {"tavulistbox", &pTAVUListBoxType, nullptr, &pTAVUElementType},
+    {"tavubutton", &pTAVUButtonType, nullptr, &pTAVUElementType},
+    {"tavucheckbox", &pTAVUCheckBoxType, nullptr, &pTAVUElementType},
+    {"tavucombobox", &pTAVUComboBoxType, nullptr, &pTAVUListBoxType},
+    {"tavuconsole", &pTAVUConsoleType, nullptr, &pTAVUFrameType},
+    {"tavufont", &pTAVUFontType, nullptr, nullptr},
+    {"tavugauge", &pTAVUGaugeType, nullptr, &pTAVUFrameType},
+    {"tavuhudelement", &pTAVUHudElementType, nullptr, &pTAVUElementType},
+    {"tavumapblip", &pTAVUMapBlipType, nullptr, &pTAVUFrameType},
+    {"tavumap", &pTAVUMapType, nullptr, &pTAVUElementType},
+    {"tavumessagebox", &pTAVUMessageBoxType, nullptr, &pTAVUElementType},
+    {"tavuscrollbar", &pTAVUScrollBarType, nullptr, &pTAVUElementType},
+    {"tavuslider", &pTAVUSliderType, nullptr, &pTAVUElementType},
+    {"tavutab", &pTAVUTabType, nullptr, &pTAVUFrameType},
+    {"tavutabcontrol", &pTAVUTabControlType, nullptr, &pTAVUFrameType},
+    {"tavutext", &pTAVUTextType, nullptr, &pTAVUElementType},
+    {"tavutextedit", &pTAVUTextEditType, nullptr, &pTAVUElementType},
+    {"tavutextentry", &pTAVUTextEntryType, nullptr, &pTAVUElementType},
+    {"tavutexture", &pTAVUTextureType, nullptr, nullptr},
+    {"tavutooltip", &pTAVUTooltipType, nullptr, &pTAVUFrameType},
+    {"tavutreenode", &pTAVUTreeNodeType, nullptr, nullptr},
+    {"tavutree", &pTAVUTreeType, nullptr, &pTAVUFrameType},
+    {"tavuwindow", &pTAVUWindowType, nullptr, &pTAVUFrameType},
+};

@@ -1,0 +1,331 @@
+#include "RecordingElement.h"
+#include "StringHelpers.h"
+#include "TAVUEmbeddedScript.h"
+#include "TAVUFactory.h"
+#include "TAVUScreen.h"
+#include "ToolkitTest.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+std::vector<std::string> RecordingElement::Log;
+bool RecordingElement::NextFromXMLResult = true;
+
+bool RecordingElement::IsTypeOf(const char* type) {
+    return StrCompareNoCase(type, "recording") == 0 || TAVUElement::IsTypeOf(type);
+}
+
+namespace {
+TAVUFactory<RecordingElement> g_RecordingFactory("Recording");
+
+// A window's client area, which full names pass over.
+class ClientArea : public TAVUElement {
+public:
+    using TAVUElement::TAVUElement;
+    bool IsTypeOf(const char* type) override {
+        return StrCompareNoCase(type, "windowclient") == 0 || TAVUElement::IsTypeOf(type);
+    }
+};
+TAVUFactory<ClientArea> g_ClientFactory("testclient");
+} // namespace
+
+class Element : public ToolkitTest {
+protected:
+    void SetUp() override {
+        ToolkitTest::SetUp();
+        RecordingElement::Log.clear();
+        RecordingElement::NextFromXMLResult = true;
+    }
+    TAVUElement* Recording(const char* name, TAVUElement* parent = nullptr) {
+        return g_RecordingFactory.CreateUIElement(parent ? parent : g_UIManager.Screen, name);
+    }
+    // The names of parent's children from bottom to top.
+    static std::string Order(TAVUElement* parent) {
+        std::string order;
+        for (TAVUElement* child = parent->FirstChild; child; child = child->Next) {
+            order += child->Name;
+            EXPECT_EQ(child->Next ? child->Next->Previous : parent->LastChild, child);
+        }
+        return order;
+    }
+};
+
+TEST_F(Element, FullNamesHangOnTheParentAndSkipClientAreas) {
+    TAVUElement* window = MakeElement("MainWindow");
+    TAVUElement* client = g_ClientFactory.CreateUIElement(window, "Client");
+    TAVUElement* ok = MakeElement("OK", client);
+    TAVUElement* label = MakeElement("Label", ok);
+    EXPECT_STREQ(window->FullName, "MainWindow");
+    EXPECT_STREQ(client->FullName, "Client@MainWindow");
+    EXPECT_STREQ(ok->FullName, "OK@MainWindow");
+    EXPECT_STREQ(label->FullName, "Label@OK@MainWindow");
+    EXPECT_STREQ(ok->Name, "ok"); // lower-cased, full name keeps its case
+    EXPECT_EQ(g_UIManager.FindElement("ok@mainwindow"), ok);
+    EXPECT_EQ(window->FindChild("CLIENT"), client);
+    EXPECT_EQ(window->FindUsableChild("ok", "tavuelement"), ok);
+    EXPECT_EQ(window->FindUsableChild("ok", "recording"), nullptr);
+    EXPECT_GT(ok->ID, client->ID);
+}
+
+TEST_F(Element, SameFullNameOverwritesAndEitherDeletionRemovesTheEntry) {
+    TAVUElement* first = MakeElement("Twin");
+    TAVUElement* second = MakeElement("twin");
+    EXPECT_EQ(g_UIManager.FindElement("Twin"), second);
+    g_UIManager.Screen->DeleteChild(first);
+    EXPECT_EQ(g_UIManager.FindElement("Twin"), nullptr); // the survivor is no longer found
+    EXPECT_EQ(g_UIManager.FindElementByID(second->ID), second);
+}
+
+TEST_F(Element, DeletionNotifiesParentDeletesChildrenAndInvalidates) {
+    TAVUElement* parent = Recording("Parent");
+    TAVUElement* child = Recording("Child", parent);
+    Recording("Grandchild", child);
+    unsigned childID = child->ID;
+    parent->DeleteChild(child);
+    EXPECT_EQ(
+        RecordingElement::Log,
+        (std::vector<std::string>{"child:destroy", "parent:removed(child)", "grandchild:destroy",
+                                  // the child is a plain element by now: the code climbs
+                                  "parent:removed(grandchild)"}));
+    EXPECT_EQ(parent->FirstChild, nullptr);
+    EXPECT_EQ(parent->LastChild, nullptr);
+    EXPECT_EQ(g_UIManager.ElementsByID.count(childID), 0u);
+    EXPECT_EQ(Host.Invalidated.size(), 2u);
+    EXPECT_TRUE(g_RecordingFactory.Elements.count(parent));
+    EXPECT_FALSE(g_RecordingFactory.Elements.count(child));
+}
+
+TEST_F(Element, DeleteChildOfAStrangerOnlyWritesDebugOutput) {
+    TAVUElement* a = MakeElement("A");
+    TAVUElement* b = MakeElement("B");
+    TAVUElement* bChild = MakeElement("C", b);
+    a->DeleteChild(bChild);
+    a->DeleteChild(nullptr);
+    EXPECT_EQ(b->FirstChild, bChild);
+    EXPECT_TRUE(Host.Console.empty());
+}
+
+TEST_F(Element, DeleteWithoutFactoryWarnsAndKeepsTheElement) {
+    TAVUElement* orphan = new TAVUElement("ghost", g_UIManager.Screen, "Orphan");
+    orphan->Delete();
+    ASSERT_EQ(Host.Console.size(), 1u);
+    EXPECT_EQ(Host.Console[0], "WARNING: CANNOT DELETE 'Orphan': Factory 'ghost' not found");
+    EXPECT_EQ(g_UIManager.FindElement("Orphan"), orphan);
+    delete orphan; // unlinks nothing: the screen still lists it
+    g_UIManager.Screen->FirstChild = g_UIManager.Screen->LastChild = nullptr;
+}
+
+TEST_F(Element, DeleteRunsOnUnloadAndStoresPosition) {
+    TAVUElement* element = MakeElement("Stored");
+    element->OnUnload = TAVUEmbeddedScript::New(element, "echo bye", nullptr);
+    element->StorePosition = true;
+    Host.ClearRecords();
+    g_UIManager.Screen->DeleteChild(element);
+    ASSERT_EQ(Host.AtomRuns.size(), 1u);
+    EXPECT_EQ(Host.AtomRuns[0].Source, "atom auto()\n{\necho bye\n}\n");
+    EXPECT_EQ(Host.Stored.size(), 1u);
+    EXPECT_TRUE(Host.LiveAtoms.empty()); // the script's atom went with the element
+}
+
+TEST_F(Element, ZOrderMovesRespectStrataOnlyWhereTheyShould) {
+    TAVUElement* screen = g_UIManager.Screen;
+    TAVUElement* a = MakeElement("a");
+    TAVUElement* b = MakeElement("b");
+    TAVUElement* c = MakeElement("c");
+    EXPECT_EQ(Order(screen), "abc");
+    c->Strata = 5;
+    b->MoveZUp(); // does not pass a sibling of higher strata
+    EXPECT_EQ(Order(screen), "abc");
+    a->MoveZUp();
+    EXPECT_EQ(Order(screen), "bac");
+    c->MoveZDown(); // passes anything
+    EXPECT_EQ(Order(screen), "bca");
+    g_UIManager.ZOrderChanged = false;
+    a->MoveZBottom();
+    EXPECT_TRUE(g_UIManager.ZOrderChanged);
+    EXPECT_EQ(Order(screen), "abc");
+    a->MoveZTop(false); // below c's strata: just under c
+    EXPECT_EQ(Order(screen), "bac");
+    c->MoveZTop(false); // highest and already on top
+    EXPECT_EQ(Order(screen), "bac");
+    a->Strata = -1;
+    a->MoveZTop(false); // below everyone: to the bottom
+    EXPECT_EQ(Order(screen), "abc");
+}
+
+TEST_F(Element, MoveZTopOfAnOnlyChildClimbsAndChangesNothingElse) {
+    TAVUElement* panel = MakeElement("Panel");
+    TAVUElement* other = MakeElement("Other");
+    TAVUElement* only = MakeElement("Only", panel);
+    g_UIManager.ZOrderChanged = false;
+    only->MoveZTop(true); // raises the parent among its siblings
+    EXPECT_TRUE(g_UIManager.ZOrderChanged);
+    EXPECT_EQ(panel->FirstChild, only);
+    EXPECT_EQ(g_UIManager.Screen->LastChild, panel);
+    EXPECT_EQ(g_UIManager.Screen->FirstChild, other);
+}
+
+TEST_F(Element, WalkJumpsOneSiblingFurtherWhenItClimbs) {
+    TAVUElement* a = MakeElement("a");
+    TAVUElement* a1 = MakeElement("a1", a);
+    TAVUElement* a2 = MakeElement("a2", a);
+    TAVUElement* b = MakeElement("b");
+    TAVUElement* c = MakeElement("c");
+    EXPECT_EQ(a->Walk(false, nullptr), a1);
+    EXPECT_EQ(a1->Walk(false, nullptr), a2);
+    EXPECT_EQ(a2->Walk(false, nullptr), c); // b is jumped over
+    EXPECT_EQ(c->Walk(false, nullptr), nullptr);
+    b->Visible = false;
+    EXPECT_EQ(a->Walk(true, nullptr), a1);
+    EXPECT_EQ(a2->Walk(true, nullptr), c); // the first visible one from the hidden sibling
+    a1->Visible = false;
+    EXPECT_EQ(a->Walk(true, nullptr), a2);
+    EXPECT_EQ(a2->Walk(false, a), nullptr); // the climb stops at stop
+    EXPECT_EQ(c->WalkReverse(false, nullptr), b);
+    EXPECT_EQ(a->WalkReverse(false, nullptr), a2);
+}
+
+TEST_F(Element, FocusMovesWithExitBeforeEnterAndLeavesHiddenElements) {
+    TAVUElement* panel = Recording("Panel");
+    TAVUElement* first = Recording("First", panel);
+    TAVUElement* second = Recording("Second", panel);
+    g_UIManager.SetFocusElement(first);
+    g_UIManager.SetFocusElement(second);
+    g_UIManager.SetFocusElement(second); // already focused: nothing fires
+    EXPECT_EQ(RecordingElement::Log,
+              (std::vector<std::string>{"first:enter", "first:exit(second)", "second:enter"}));
+    EXPECT_TRUE(second->IsFocus());
+    RecordingElement::Log.clear();
+    panel->Visible = false;
+    g_UIManager.SetFocusElement(first); // hidden by an ancestor: nothing changes
+    EXPECT_TRUE(RecordingElement::Log.empty());
+    EXPECT_EQ(g_UIManager.GetFocusElement(), nullptr);
+    EXPECT_EQ(g_UIManager.FocusElementID, 0u);
+    EXPECT_EQ(RecordingElement::Log, (std::vector<std::string>{"second:exit(null)"}));
+}
+
+TEST_F(Element, HidingTheFocusThroughShowElementExitsTwice) {
+    TAVUElement* field = Recording("Field");
+    g_UIManager.SetFocusElement(field);
+    RecordingElement::Log.clear();
+    EXPECT_TRUE(g_UIManager.ShowElement("Field", false));
+    EXPECT_FALSE(field->Visible);
+    EXPECT_EQ(RecordingElement::Log,
+              (std::vector<std::string>{"field:exit(null)", "field:exit(null)"}));
+    EXPECT_FALSE(g_UIManager.ShowElement("Missing", true));
+    EXPECT_TRUE(g_UIManager.ToggleElement("Field"));
+    EXPECT_TRUE(field->Visible);
+    EXPECT_FALSE(g_UIManager.ToggleElement("Missing"));
+}
+
+TEST_F(Element, ToggleOfAFocusedParentMovesFocusOut) {
+    TAVUElement* window = Recording("Window");
+    TAVUElement* field = Recording("Field", window);
+    g_UIManager.SetFocusElement(field);
+    EXPECT_TRUE(g_UIManager.ToggleElement("Window"));
+    EXPECT_FALSE(window->Visible);
+    EXPECT_EQ(g_UIManager.FocusElementID, 0u);
+}
+
+TEST_F(Element, FactoryRegistrationIgnoresCaseRefusesOtherVersionsAndLaterWins) {
+    EXPECT_EQ(g_UIManager.FindFactory("RECORDING"), &g_RecordingFactory);
+    EXPECT_STREQ(g_RecordingFactory.TypeName, "recording");
+    {
+        TAVUFactory<TAVUElement> old("OldType", 17);
+        EXPECT_EQ(old.TypeName, nullptr);
+        EXPECT_EQ(g_UIManager.FindFactory("oldtype"), nullptr);
+        ASSERT_EQ(Host.Console.size(), 1u);
+        EXPECT_EQ(Host.Console[0], "UI Element type 'OldType' unavailable (version mismatch)");
+        TAVUFactory<TAVUElement> replacement("recording");
+        EXPECT_EQ(g_UIManager.FindFactory("recording"), &replacement);
+    }
+    g_UIManager.Factories[utf8stringnocase("recording")] = &g_RecordingFactory;
+}
+
+TEST_F(Element, FailedReadingDeletesTheNewElement) {
+    RecordingElement::NextFromXMLResult = false;
+    TAVUElement* made =
+        g_RecordingFactory.CreateUIElement(g_UIManager.Screen, "Broken", nullptr, "NoTemplate");
+    EXPECT_EQ(made, nullptr);
+    EXPECT_EQ(g_UIManager.Screen->FirstChild, nullptr);
+    EXPECT_EQ(g_UIManager.FindElement("Broken"), nullptr);
+    EXPECT_EQ(RecordingElement::Log, (std::vector<std::string>{"broken:destroy"}));
+    RecordingElement::NextFromXMLResult = true;
+    TAVUElement* fine = g_RecordingFactory.CreateUIElement(nullptr, "Loose", nullptr, nullptr);
+    ASSERT_NE(fine, nullptr);
+    EXPECT_EQ(fine->Parent, nullptr);
+    EXPECT_STREQ(fine->Type, "recording");
+    fine->Delete();
+}
+
+TEST_F(Element, GeometryFollowsTheParentOnlyWhenSomethingChanged) {
+    TAVUElement* panel = MakeElement("Panel");
+    panel->Width = 200;
+    panel->Height = 100;
+    TAVUElement* child = MakeElement("Child", panel);
+    child->WidthPosition = {ElementPosition::Fraction, {.Factor = 0.5f}};
+    child->XPosition = {ElementPosition::FarEdge, {.Pixels = 30}};
+    TAVUElement* grandchild = MakeElement("Grand", child);
+    grandchild->WidthPosition = {ElementPosition::Fraction, {.Factor = 1.0f}};
+    child->RecalculateSize(true);
+    EXPECT_EQ(child->Width, 100);
+    EXPECT_EQ(child->X, 170);
+    EXPECT_EQ(grandchild->Width, 100);
+    grandchild->Width = 1; // an unchanged child cuts the walk: its subtree is not visited
+    child->RecalculateSize(true);
+    EXPECT_EQ(grandchild->Width, 1);
+    panel->Height = -1; // a negative parent size counts as unsigned
+    child->HeightPosition = {ElementPosition::FarEdge, {.Pixels = 0}};
+    child->RecalculateSize(false);
+    EXPECT_EQ(child->Height, -1);
+}
+
+TEST_F(Element, HitTestIncludesEdgesAndHonoursCircleShapes) {
+    TAVUElement* button = MakeElement("Round");
+    button->AbsolutePosition = {100, 100};
+    button->Width = 100;
+    button->Height = 40;
+    _Point2i edge{200, 140};
+    EXPECT_TRUE(button->HitTest(edge));
+    _Point2i outside{201, 140};
+    EXPECT_FALSE(button->HitTest(outside));
+    g_UIManager.SetMetadata(button->ID, "HitTest", "WIDTHCIRCLE");
+    _Point2i right{150 + 45, 120};
+    EXPECT_TRUE(button->HitTest(right));
+    _Point2i up{150, 120 - 45};
+    EXPECT_FALSE(button->HitTest(up)); // outside the box, above it
+    _Point2i corner{100, 100};
+    EXPECT_FALSE(button->HitTest(corner));
+    g_UIManager.SetMetadata(button->ID, "HitTest", "heightCircle");
+    _Point2i near{150 + 19, 120};
+    EXPECT_TRUE(button->HitTest(near));
+    _Point2i far{150 + 21, 120};
+    EXPECT_FALSE(button->HitTest(far));
+}
+
+TEST_F(Element, ColourCodesAreSkippedWithoutReadingPastTheText) {
+    EXPECT_EQ(TAVUElement::ColorStrlen("ab\a#FF0000cd"), 4u);
+    EXPECT_EQ(TAVUElement::ColorStrlen("\a-rX"), 2u); // "-" counts two bytes of code
+    EXPECT_EQ(TAVUElement::ColorStrlen("\axy"), 1u);
+    EXPECT_EQ(TAVUElement::ColorStrlen("ab\a#12"), 2u); // cut inside a colour
+    EXPECT_EQ(TAVUElement::ColorStrlen("ab\a"), 2u);
+    char out[32];
+    TAVUElement::StripColor("a\a#00FF00b\axc\a#1", out);
+    EXPECT_STREQ(out, "abc");
+}
+
+TEST_F(Element, CenterShiftsTheUnsignedDifference) {
+    TAVUElement* panel = MakeElement("Panel");
+    panel->Width = 300;
+    panel->Height = 100;
+    TAVUElement* box = MakeElement("Box", panel);
+    box->Width = 100;
+    box->Height = 40;
+    box->Center();
+    EXPECT_EQ(box->X, 100);
+    EXPECT_EQ(box->Y, 30);
+    box->Width = 302; // wider than the parent: a logical shift of a negative difference
+    box->Center();
+    EXPECT_EQ(box->X, 0x7FFFFFFF);
+}

@@ -1,0 +1,145 @@
+#include "Module.h"
+#include "TAVUScreen.h"
+#include "ToolkitTest.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+std::vector<std::string> Lines(const std::vector<FakeHost::Call>& calls) {
+    std::vector<std::string> lines;
+    for (const auto& call : calls)
+        lines.push_back(call.Line());
+    return lines;
+}
+} // namespace
+
+TEST(ManagerConstruction, StartsWithItsDefaults) {
+    ResetToolkit();
+    EXPECT_EQ(g_UIManager.GetVersion(), 18u);
+    EXPECT_EQ(g_UIManager.NextElementID, 1u);
+    EXPECT_EQ(g_UIManager.MousePosition.x, -1);
+    EXPECT_EQ(g_UIManager.MousePosition.y, -1);
+    EXPECT_STREQ(g_UIManager.Prefix, "TAVU");
+    EXPECT_EQ(g_UIManager.TooltipDelay, 1000u);
+    EXPECT_EQ(g_UIManager.DoubleClickTime, 250u);
+    EXPECT_EQ(g_UIManager.KeyRepeatInterval, 50u);
+    EXPECT_EQ(g_UIManager.KeyRepeatDelay, 250u);
+    EXPECT_EQ(g_UIManager.Screen, nullptr);
+    g_UIManager.Shutdown(); // constructed state: nothing happens, nothing is touched
+    EXPECT_FALSE(g_UIManager.IsShutDown);
+}
+
+TEST(ManagerInitialize, AsksForHostTypesThenPersistentClassAndMakesTheScreen) {
+    ResetToolkit();
+    FakeHost host;
+    F1(&host);
+    host.ClearRecords();
+    g_UIManager.Initialize();
+    std::vector<std::string> expected = {
+        "FindType \"string\"",   "FindType \"int\"",   "FindType \"int64\"",
+        "FindType \"bool\"",     "FindType \"float\"", "FindType \"point3f\"",
+        "FindType \"filepath\"", "FindType \"uint\"",  "RegisterPersistentClass \"Tavukit\""};
+    std::vector<std::string> lines = Lines(host.Calls);
+    ASSERT_GE(lines.size(), expected.size());
+    EXPECT_EQ(std::vector<std::string>(lines.begin(), lines.begin() + expected.size()), expected);
+    EXPECT_EQ(g_UIManager.PersistentClass, 7u);
+    ASSERT_NE(g_UIManager.Screen, nullptr);
+    EXPECT_EQ(g_UIManager.FindElement("screen"), g_UIManager.Screen);
+    g_UIManager.Shutdown();
+    ResetToolkit();
+}
+
+class Manager : public ToolkitTest {};
+
+TEST_F(Manager, ShutdownDeletesTheTreeOnceAndIgnoresASecondCall) {
+    TAVUElement* panel = MakeElement("Panel");
+    MakeElement("Child", panel);
+    g_UIManager.Shutdown();
+    EXPECT_TRUE(g_UIManager.IsShutDown);
+    EXPECT_EQ(g_UIManager.Screen, nullptr);
+    EXPECT_EQ(g_UIManager.FindElement("Panel"), nullptr);
+    size_t calls = Host.Calls.size();
+    g_UIManager.Shutdown();
+    EXPECT_EQ(Host.Calls.size(), calls);
+}
+
+TEST_F(Manager, FindElementLeavesAnEmptyEntryThatALaterElementFills) {
+    EXPECT_EQ(g_UIManager.FindElement("Later"), nullptr);
+    ASSERT_EQ(g_UIManager.ElementsByName.count(utf8stringnocase("later")), 1u);
+    TAVUElement* later = MakeElement("Later");
+    EXPECT_EQ(g_UIManager.FindElement("LATER"), later);
+    EXPECT_EQ(g_UIManager.FindElement(nullptr), nullptr); // a null name is ""
+    EXPECT_EQ(g_UIManager.ElementsByName.count(utf8stringnocase("")), 1u);
+    EXPECT_EQ(g_UIManager.FindFactory("NoSuchType"), nullptr);
+    EXPECT_EQ(g_UIManager.Factories.count(utf8stringnocase("nosuchtype")), 1u);
+}
+
+TEST_F(Manager, ResetKeepsFactoriesAndMakesANewScreen) {
+    MakeElement("Gone");
+    TAVUScreen* old = g_UIManager.Screen;
+    g_UIManager.Reset();
+    EXPECT_NE(g_UIManager.Screen, nullptr);
+    EXPECT_NE(g_UIManager.Screen, old == g_UIManager.Screen ? nullptr : old);
+    EXPECT_EQ(g_UIManager.FindElement("Gone"), nullptr);
+    EXPECT_NE(g_UIManager.FindFactory("testelement"), nullptr);
+}
+
+TEST_F(Manager, RenderTakesFrameTimeAndDisplaySize) {
+    Host.DisplayWidth = 1024;
+    Host.DisplayHeight = 768;
+    TavuAdvanceClock(40);
+    g_UIManager.Render();
+    EXPECT_EQ(g_UIManager.FrameTime, kStartTick + 40);
+    EXPECT_EQ(g_UIManager.Screen->Width, 1024);
+    EXPECT_EQ(g_UIManager.Screen->Height, 768);
+    Host.DisplayAvailable = false; // a failed answer keeps the old size
+    g_UIManager.Render();
+    EXPECT_EQ(g_UIManager.Screen->Width, 1024);
+}
+
+TEST_F(Manager, ScreenKeeps800By600UntilTheHostAnswers) {
+    Host.DisplayAvailable = false;
+    g_UIManager.Render();
+    EXPECT_EQ(g_UIManager.Screen->Width, 800);
+    EXPECT_EQ(g_UIManager.Screen->Height, 600);
+}
+
+TEST_F(Manager, MetadataIsPerElementAndIgnoresKeyCase) {
+    TAVUElement* element = MakeElement("Tagged");
+    EXPECT_STREQ(g_UIManager.GetMetadata(element->ID, "Colour"), "");
+    EXPECT_TRUE(g_UIManager.SetMetadata(element->ID, "Colour", "red"));
+    EXPECT_STREQ(g_UIManager.GetMetadata(element->ID, "COLOUR"), "red");
+    EXPECT_STREQ(g_UIManager.GetMetadata(element->ID + 1, "Colour"), "");
+    EXPECT_TRUE(g_UIManager.UnsetMetadata(element->ID, "colour"));
+    EXPECT_STREQ(g_UIManager.GetMetadata(element->ID, "Colour"), "");
+    g_UIManager.SetMetadata(element->ID, "k", "v");
+    unsigned id = element->ID;
+    element->Parent->DeleteChild(element);
+    EXPECT_EQ(g_UIManager.Metadata.count(id), 0u); // the destructor cleared it
+}
+
+TEST_F(Manager, ForwardsReleasesOnlyBeforeShutdown) {
+    unsigned texture = g_UIManager.AcquireTexture("a.png", 0xFF00FF);
+    _Point2i size{};
+    EXPECT_TRUE(g_UIManager.GetTextureSize(texture, size));
+    EXPECT_EQ(size.x, 64);
+    g_UIManager.ReleaseTexture(texture);
+    EXPECT_TRUE(Host.LiveTextures.empty());
+    unsigned font = g_UIManager.AcquireFont("Arial", 12, false, true);
+    g_UIManager.Shutdown();
+    g_UIManager.ReleaseFont(font);
+    EXPECT_EQ(Host.LiveFonts.count(font), 1u); // nothing reaches the host after Shutdown
+}
+
+TEST_F(Manager, ClearMouseStateForgetsOverAndButtons) {
+    g_UIManager.MouseOverElementID = 5;
+    g_UIManager.LeftButtonState = 2;
+    g_UIManager.RightButtonState = 1;
+    g_UIManager.ClearMouseState();
+    EXPECT_EQ(g_UIManager.MouseOverElementID, 0u);
+    EXPECT_EQ(g_UIManager.LeftButtonState, 0);
+    EXPECT_EQ(g_UIManager.RightButtonState, 0);
+}

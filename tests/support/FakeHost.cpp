@@ -1,0 +1,479 @@
+#include "FakeHost.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+std::string Quoted(const char* text) {
+    if (!text) return "null";
+    std::string out = "\"";
+    for (const char* c = text; *c; ++c) {
+        unsigned char byte = static_cast<unsigned char>(*c);
+        if (byte == '"' || byte == '\\') {
+            out += '\\';
+            out += char(byte);
+        } else if (byte < 0x20 || byte >= 0x7F) {
+            char escaped[8];
+            snprintf(escaped, sizeof(escaped), "\\x%02x", byte);
+            out += escaped;
+        } else {
+            out += char(byte);
+        }
+    }
+    return out + "\"";
+}
+
+std::string Hex(unsigned value) {
+    char text[16];
+    snprintf(text, sizeof(text), "0x%08x", value);
+    return text;
+}
+
+namespace {
+std::string Number(long long value) {
+    return std::to_string(value);
+}
+std::string Bool(bool value) {
+    return value ? "true" : "false";
+}
+std::string Pointer(const void* value) {
+    char text[32];
+    snprintf(text, sizeof(text), "%p", value);
+    return text;
+}
+std::string RectText(const tagRECT* rect) {
+    if (!rect) return "null";
+    return Number(rect->left) + "," + Number(rect->top) + "," + Number(rect->right) + "," +
+           Number(rect->bottom);
+}
+std::string RecordText(const TAVUDrawRecord& r) {
+    return "{" + Hex(r.Flags) + " " + Number(r.Left) + "," + Number(r.Top) + "," + Number(r.Right) +
+           "," + Number(r.Bottom) + " " + Number(r.TextureLeft) + "," + Number(r.TextureTop) + "," +
+           Number(r.TextureRight) + "," + Number(r.TextureBottom) + " " + Number(r.Texture) + " " +
+           Number(r.Alpha) + " " + Number(r.Orientation) + " " + Hex(r.ColorMask) + "}";
+}
+// Writes text into a caller's buffer of size bytes, cut to fit.
+bool WriteBounded(const std::string& text, char* buffer, size_t size) {
+    if (!buffer || size == 0) return false;
+    size_t length = text.size() < size - 1 ? text.size() : size - 1;
+    memcpy(buffer, text.data(), length);
+    buffer[length] = 0;
+    return true;
+}
+} // namespace
+
+FakeScript::FakeScript() {
+    Name = NameText.c_str();
+    InAtom = &InAtomFlag;
+}
+
+void FakeScript::SetUserInput(const char* text) {
+    UserInputText = text ? text : "";
+    UserInput = text ? UserInputText.data() : nullptr;
+}
+
+std::string FakeHost::Call::Line() const {
+    std::string line = Name;
+    for (const std::string& arg : Args)
+        line += " " + arg;
+    return line;
+}
+
+FakeHost::FakeHost() = default;
+
+void FakeHost::Record(const std::string& name, std::vector<std::string> args) {
+    Calls.push_back({name, std::move(args)});
+}
+
+std::vector<FakeHost::Call> FakeHost::CallsNamed(const std::string& name) const {
+    std::vector<Call> found;
+    for (const Call& call : Calls)
+        if (call.Name == name) found.push_back(call);
+    return found;
+}
+
+size_t FakeHost::Count(const std::string& name) const {
+    return CallsNamed(name).size();
+}
+
+void FakeHost::ClearRecords() {
+    Calls.clear();
+    Console.clear();
+    Fills.clear();
+    DrawRecords.clear();
+    LineWidths.clear();
+    Texts.clear();
+    Commands.clear();
+    AtomRuns.clear();
+    Invalidated.clear();
+    Stored.clear();
+    Restored.clear();
+}
+
+RXScript* FakeHost::GetCurrentScript() {
+    Record("GetCurrentScript");
+    return InScript ? &Script : nullptr;
+}
+
+bool FakeHost::AddCommand(const char* name, RXCommandHandler handler, bool flag1, bool flag2) {
+    Record("AddCommand", {Quoted(name), Bool(flag1), Bool(flag2)});
+    RegisteredCommands[name] = handler;
+    return true;
+}
+
+bool FakeHost::RemoveCommand(const char* name) {
+    Record("RemoveCommand", {Quoted(name)});
+    return RegisteredCommands.erase(name) > 0;
+}
+
+int FakeHost::ExecuteCommand(const char* text) {
+    Record("ExecuteCommand", {Quoted(text)});
+    Commands.push_back(text ? text : "");
+    return 0;
+}
+
+bool FakeHost::ParseDataSequences(const char* input, char* output, size_t size) {
+    Record("ParseDataSequences", {Quoted(input), Number((long long)size)});
+    std::string text = input ? input : "";
+    if (DataSequences) text = DataSequences(text);
+    return WriteBounded(text, output, size);
+}
+
+bool FakeHost::AddTopLevelObject(const char* name, RXTopLevelObjectHandler handler) {
+    Record("AddTopLevelObject", {Quoted(name)});
+    RegisteredObjects[name] = handler;
+    return true;
+}
+
+bool FakeHost::RemoveTopLevelObject(const char* name) {
+    Record("RemoveTopLevelObject", {Quoted(name)});
+    return RegisteredObjects.erase(name) > 0;
+}
+
+bool FakeHost::AddType(RXTypeDefinition* type) {
+    Record("AddType", {Pointer(type)});
+    Types.push_back(type);
+    return true;
+}
+
+bool FakeHost::RemoveType(RXTypeDefinition* type) {
+    Record("RemoveType", {Pointer(type)});
+    for (auto it = Types.begin(); it != Types.end(); ++it)
+        if (*it == type) {
+            Types.erase(it);
+            return true;
+        }
+    return false;
+}
+
+RXTypeDefinition* FakeHost::FindType(const char* name) {
+    Record("FindType", {Quoted(name)});
+    auto found = HostTypes.find(name ? name : "");
+    return found == HostTypes.end() ? nullptr : found->second;
+}
+
+const char* FakeHost::CompleteCommand(const char* text, bool reverse) {
+    Record("CompleteCommand", {Quoted(text), Bool(reverse)});
+    CompletedCommand = std::string(text ? text : "") + (reverse ? "<" : ">");
+    return CompletedCommand.c_str();
+}
+
+bool FakeHost::Calculate(const char* expression, double* result) {
+    Record("Calculate", {Quoted(expression)});
+    std::string text = expression ? expression : "";
+    auto found = Calculations.find(text);
+    if (found != Calculations.end()) {
+        *result = found->second;
+        return true;
+    }
+    char* end = nullptr;
+    double value = strtod(text.c_str(), &end);
+    if (text.empty() || *end) return false;
+    *result = value;
+    return true;
+}
+
+void FakeHost::ConsolePrintf(const char* format, ...) {
+    char line[4096];
+    va_list args;
+    va_start(args, format);
+    vsnprintf(line, sizeof(line), format, args);
+    va_end(args);
+    Record("ConsolePrintf", {Quoted(line)});
+    Console.push_back(line);
+}
+
+HostScriptInterface* FakeHost::GetScriptInterface() {
+    Record("GetScriptInterface");
+    return this;
+}
+
+unsigned FakeHost::CompileAtom(const char* source, size_t length) {
+    std::string text(source ? source : "", source ? length : 0);
+    Record("CompileAtom", {Quoted(text.c_str()), Number((long long)length)});
+    if (FailCompile) return 0;
+    unsigned atom = NextHandle++;
+    LiveAtoms[atom] = text;
+    return atom;
+}
+
+void FakeHost::DeleteAtom(unsigned atom) {
+    Record("DeleteAtom", {Number(atom)});
+    LiveAtoms.erase(atom);
+}
+
+bool FakeHost::ExecuteAtomForResult(unsigned atom, int argc, char* argv[], _RXTypeVar* thisObject,
+                                    int reserved, char* result, size_t size) {
+    std::vector<std::string> args = {Number(atom), Number(argc)};
+    for (int i = 0; i < argc; ++i)
+        args.push_back(Quoted(argv[i]));
+    Record("ExecuteAtomForResult", args);
+    AtomRun run{atom,
+                LiveAtoms[atom],
+                {},
+                thisObject ? thisObject->Value.Pointer : nullptr,
+                thisObject ? thisObject->Type : nullptr};
+    for (int i = 0; i < argc; ++i)
+        run.Args.push_back(argv[i] ? argv[i] : "");
+    AtomRuns.push_back(run);
+    if (OnExecuteAtom) OnExecuteAtom(run);
+    return WriteBounded(AtomResult, result, size);
+}
+
+int FakeHost::ExecuteAtom(unsigned atom, int reserved, int argc, char* argv[],
+                          _RXTypeVar* thisObject) {
+    std::vector<std::string> args = {Number(atom), Number(argc)};
+    for (int i = 0; i < argc; ++i)
+        args.push_back(Quoted(argv[i]));
+    args.push_back(thisObject ? Pointer(thisObject->Value.Pointer) : "null");
+    Record("ExecuteAtom", args);
+    AtomRun run{atom,
+                LiveAtoms.count(atom) ? LiveAtoms[atom] : "",
+                {},
+                thisObject ? thisObject->Value.Pointer : nullptr,
+                thisObject ? thisObject->Type : nullptr};
+    for (int i = 0; i < argc; ++i)
+        run.Args.push_back(argv[i] ? argv[i] : "");
+    AtomRuns.push_back(run);
+    return OnExecuteAtom ? OnExecuteAtom(run) : 0;
+}
+
+unsigned FakeHost::FindAtom(const char* name) {
+    Record("FindAtom", {Quoted(name)});
+    auto found = NamedAtoms.find(name ? name : "");
+    return found == NamedAtoms.end() ? 0 : found->second;
+}
+
+unsigned FakeHost::PreParseText(const char* text, bool dataSequence) {
+    Record("PreParseText", {Quoted(text), Bool(dataSequence)});
+    unsigned handle = NextHandle++;
+    LivePreParsed[handle] = text ? text : "";
+    return handle;
+}
+
+bool FakeHost::RetrieveOriginalText(unsigned handle, char* buffer, size_t size) {
+    Record("RetrieveOriginalText", {Number(handle), Number((long long)size)});
+    auto found = LivePreParsed.find(handle);
+    return found != LivePreParsed.end() && WriteBounded(found->second, buffer, size);
+}
+
+bool FakeHost::RetrieveProcessedText(unsigned handle, char* buffer, size_t size) {
+    Record("RetrieveProcessedText", {Number(handle), Number((long long)size)});
+    auto found = LivePreParsed.find(handle);
+    if (found == LivePreParsed.end()) return false;
+    return WriteBounded(DataSequences ? DataSequences(found->second) : found->second, buffer, size);
+}
+
+bool FakeHost::RetrieveProcessedResult(unsigned handle, _RXTypeVar& result) {
+    Record("RetrieveProcessedResult", {Number(handle)});
+    return false;
+}
+
+void FakeHost::FreePreParsed(unsigned handle) {
+    Record("FreePreParsed", {Number(handle)});
+    LivePreParsed.erase(handle);
+}
+
+unsigned FakeHost::RegisterPersistentClass(const char* name) {
+    Record("RegisterPersistentClass", {Quoted(name)});
+    return 7;
+}
+
+void FakeHost::InvalidatePersistentObject(unsigned persistentClass, void* object) {
+    Record("InvalidatePersistentObject", {Number(persistentClass), Pointer(object)});
+    Invalidated.push_back(object);
+}
+
+void FakeHost::SetPersistentClass(RXTypeDefinition* type, unsigned persistentClass) {
+    Record("SetPersistentClass", {Pointer(type), Number(persistentClass)});
+}
+
+bool FakeHost::FindTextureFile(const char* name, char* output) {
+    Record("FindTextureFile", {Quoted(name)});
+    auto found = TextureFiles.find(name ? name : "");
+    return found != TextureFiles.end() && WriteBounded(found->second, output, 1024);
+}
+
+bool FakeHost::FindInterfaceFile(const char* name, char* output) {
+    Record("FindInterfaceFile", {Quoted(name)});
+    auto found = InterfaceFiles.find(name ? name : "");
+    return found != InterfaceFiles.end() && WriteBounded(found->second, output, 512);
+}
+
+bool FakeHost::OpenClipboard() {
+    Record("OpenClipboard");
+    return ClipboardAvailable;
+}
+
+void FakeHost::StoreElementPosition(TAVUElement* element) {
+    Record("StoreElementPosition", {Pointer(element)});
+    Stored.push_back(element);
+}
+
+void FakeHost::RestoreElementPosition(TAVUElement* element) {
+    Record("RestoreElementPosition", {Pointer(element)});
+    Restored.push_back(element);
+}
+
+bool FakeHost::GetKeyName(unsigned key, char* output, size_t size) {
+    Record("GetKeyName", {Number(key), Number((long long)size)});
+    auto found = KeyNames.find(key);
+    return found != KeyNames.end() && WriteBounded(found->second, output, size);
+}
+
+void FakeHost::GetCurrentConsole(char* output, size_t size) {
+    Record("GetCurrentConsole", {Number((long long)size)});
+    WriteBounded(CurrentConsole, output, size);
+}
+
+void FakeHost::SelectConsole(const char* name) {
+    Record("SelectConsole", {Quoted(name)});
+    CurrentConsole = name ? name : "";
+}
+
+bool FakeHost::FillRect(tagRECT* rect, unsigned color) {
+    Record("FillRect", {RectText(rect), Hex(color)});
+    Fills.push_back({*rect, color});
+    return true;
+}
+
+bool FakeHost::TexturedRect(TAVUDrawRecord* record) {
+    Record("TexturedRect", {RecordText(*record)});
+    DrawRecords.push_back(*record);
+    return true;
+}
+
+bool FakeHost::TexturedRects(unsigned count, TAVUDrawRecord* records) {
+    std::vector<std::string> args = {Number(count)};
+    for (unsigned i = 0; i < count; ++i) {
+        args.push_back(RecordText(records[i]));
+        DrawRecords.push_back(records[i]);
+    }
+    Record("TexturedRects", args);
+    return true;
+}
+
+bool FakeHost::DrawLine(TAVUDrawRecord* record, unsigned width) {
+    Record("DrawLine", {RecordText(*record), Number(width)});
+    DrawRecords.push_back(*record);
+    LineWidths.push_back(width);
+    return true;
+}
+
+unsigned FakeHost::AcquireFont(const char* name, int height, bool fixed, bool bold) {
+    Record("AcquireFont", {Quoted(name), Number(height), Bool(fixed), Bool(bold)});
+    if (FailFonts) return 0;
+    unsigned font = NextHandle++;
+    LiveFonts[font] = name ? name : "";
+    return font;
+}
+
+void FakeHost::ReleaseFont(unsigned font) {
+    Record("ReleaseFont", {Number(font)});
+    LiveFonts.erase(font);
+}
+
+size_t FakeHost::DrawText(unsigned font, const char* text, tagRECT* rect, unsigned color,
+                          unsigned format) {
+    Record("DrawText", {Number(font), Quoted(text), RectText(rect), Hex(color), Hex(format)});
+    Texts.push_back({font, text ? text : "", *rect, color, format});
+    return text ? strlen(text) * size_t(CharWidth) : 0;
+}
+
+void FakeHost::MeasureText(unsigned font, const char* text, size_t* width) {
+    Record("MeasureText", {Number(font), Quoted(text)});
+    *width = text ? strlen(text) * size_t(CharWidth) : 0;
+}
+
+bool FakeHost::GetCharWidths(unsigned font, unsigned first, unsigned last, float* abc) {
+    Record("GetCharWidths", {Number(font), Number(first), Number(last)});
+    abc[0] = 1.0f;
+    abc[1] = float(CharWidth - 2);
+    abc[2] = 1.0f;
+    return true;
+}
+
+bool FakeHost::GetDisplaySize(uint64_t* width, uint64_t* height) {
+    Record("GetDisplaySize");
+    if (!DisplayAvailable) return false;
+    *width = DisplayWidth;
+    *height = DisplayHeight;
+    return true;
+}
+
+unsigned FakeHost::AcquireTexture(const char* file, unsigned colorKey) {
+    Record("AcquireTexture", {Quoted(file), Hex(colorKey)});
+    std::string name = file ? file : "";
+    if (MissingTextures.count(name)) return 0;
+    unsigned texture = NextHandle++;
+    LiveTextures[texture] = name;
+    auto size = TextureSizes.find(name);
+    TextureHandleSizes[texture] = size == TextureSizes.end() ? _Point2i{64, 64} : size->second;
+    return texture;
+}
+
+bool FakeHost::GetTextureSize(unsigned texture, _Point2i& size) {
+    Record("GetTextureSize", {Number(texture)});
+    auto found = TextureHandleSizes.find(texture);
+    if (found == TextureHandleSizes.end()) return false;
+    size = found->second;
+    return true;
+}
+
+void FakeHost::ReleaseTexture(unsigned texture) {
+    Record("ReleaseTexture", {Number(texture)});
+    LiveTextures.erase(texture);
+}
+
+bool FakeHost::DataParse(const char* text, _RXTypeVar& result) {
+    Record("DataParse", {Quoted(text)});
+    return false;
+}
+
+RXTypeDefinition* FakeHost::FindType(const char* name, int reserved1, int reserved2) {
+    return FindType(name);
+}
+
+char* FakeHost::GetTempBuffer(unsigned size, const char* contents) {
+    Record("GetTempBuffer", {Number(size), Quoted(contents)});
+    std::string buffer(size + 1, '\0');
+    if (contents) strncpy(buffer.data(), contents, size);
+    TempBuffers.push_back(std::move(buffer));
+    return TempBuffers.back().data();
+}
+
+unsigned FakeHost::CompileQuery(const char* query) {
+    Record("CompileQuery", {Quoted(query)});
+    return NextHandle++;
+}
+
+bool FakeHost::EvaluateQuery(unsigned query, _RXTypeVar* object, bool* result) {
+    Record("EvaluateQuery", {Number(query)});
+    *result = false;
+    return true;
+}
+
+void FakeHost::FreeQuery(unsigned query) {
+    Record("FreeQuery", {Number(query)});
+}

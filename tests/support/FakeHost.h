@@ -1,0 +1,184 @@
+// The recording fake host that every unit test shares.
+//
+// It implements all three host interfaces. Every call is recorded in Calls, in
+// order, with its arguments as text; the calls that matter most also land in
+// typed logs (Console, Fills, DrawRecords, Texts, AtomRuns, ...). What the host
+// answers is plain data a test sets beforehand (display size, texture sizes,
+// key names, file lookups), and OnExecuteAtom lets a test act from inside an
+// event, the way a script would.
+#pragma once
+
+#include "HostInterface.h"
+#include "HostScriptInterface.h"
+#include "RXScript.h"
+#include "RXTypeVar.h"
+#include "TAVUDrawRecord.h"
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+class FakeScript : public RXScript {
+public:
+    void SetUserInput(const char* text) override;
+    std::u16string NameText = u"script";
+    bool InAtomFlag = false;
+    std::string UserInputText;
+    FakeScript();
+};
+
+class FakeHost : public HostInterface, public HostScriptInterface {
+public:
+    struct Call {
+        std::string Name;
+        std::vector<std::string> Args;
+        std::string Line() const; // "Name arg arg ...", as tests compare it
+    };
+    struct Fill {
+        tagRECT Rect;
+        unsigned Color;
+    };
+    struct Text {
+        unsigned Font;
+        std::string Value;
+        tagRECT Rect;
+        unsigned Color;
+        unsigned Format;
+    };
+    struct AtomRun {
+        unsigned Atom;
+        std::string Source;            // the compiled text
+        std::vector<std::string> Args; // argv as given
+        void* This;                    // the This object, null for none
+        RXTypeDefinition* ThisType;
+    };
+
+    FakeHost();
+
+    // --- What the host answers; set these before the toolkit asks. ---
+    bool DisplayAvailable = true;
+    uint64_t DisplayWidth = 800;
+    uint64_t DisplayHeight = 600;
+    std::map<std::string, _Point2i> TextureSizes;      // by file name; unknown files load as 64x64
+    std::set<std::string> MissingTextures;             // file names that fail to load
+    std::map<std::string, std::string> TextureFiles;   // FindTextureFile: name to path
+    std::map<std::string, std::string> InterfaceFiles; // FindInterfaceFile: name to path
+    std::map<unsigned, std::string> KeyNames;          // GetKeyName; unknown keys fail
+    int CharWidth = 7;                          // MeasureText and GetCharWidths: advance per byte
+    bool FailFonts = false;                     // AcquireFont answers 0
+    bool FailCompile = false;                   // CompileAtom answers 0
+    std::map<std::string, unsigned> NamedAtoms; // FindAtom
+    std::map<std::string, double> Calculations; // Calculate; others parse as numbers
+    std::function<std::string(const std::string&)> DataSequences; // ParseDataSequences
+    std::function<int(const AtomRun&)> OnExecuteAtom;             // runs inside ExecuteAtom
+    std::string AtomResult;                                       // ExecuteAtomForResult's text
+    bool ClipboardAvailable = true;
+    std::string CurrentConsole = "Default";
+    std::map<std::string, RXTypeDefinition*> HostTypes; // FindType; unknown names give null
+    FakeScript Script;
+    bool InScript = false; // GetCurrentScript gives &Script when true
+
+    // --- What the toolkit did. ---
+    std::vector<Call> Calls;
+    std::vector<std::string> Console;
+    std::vector<Fill> Fills;
+    std::vector<TAVUDrawRecord> DrawRecords; // TexturedRect(s) and DrawLine, in order
+    std::vector<unsigned> LineWidths;        // one per DrawLine record
+    std::vector<Text> Texts;
+    std::vector<std::string> Commands;
+    std::vector<AtomRun> AtomRuns;
+    std::map<unsigned, std::string> LiveAtoms;    // compiled and not deleted
+    std::map<unsigned, std::string> LiveTextures; // acquired and not released
+    std::map<unsigned, std::string> LiveFonts;
+    std::map<unsigned, std::string> LivePreParsed;
+    std::vector<void*> Invalidated;
+    std::vector<RXTypeDefinition*> Types;
+    std::map<std::string, RXCommandHandler> RegisteredCommands;
+    std::map<std::string, RXTopLevelObjectHandler> RegisteredObjects;
+    std::vector<TAVUElement*> Stored;   // StoreElementPosition
+    std::vector<TAVUElement*> Restored; // RestoreElementPosition
+
+    // The calls of one name, and how many there were.
+    std::vector<Call> CallsNamed(const std::string& name) const;
+    size_t Count(const std::string& name) const;
+    // Forgets everything recorded (answers stay as set).
+    void ClearRecords();
+
+    // HostServices
+    RXScript* GetCurrentScript() override;
+    bool AddCommand(const char* name, RXCommandHandler handler, bool flag1, bool flag2) override;
+    bool RemoveCommand(const char* name) override;
+    int ExecuteCommand(const char* text) override;
+    bool ParseDataSequences(const char* input, char* output, size_t size) override;
+    bool AddTopLevelObject(const char* name, RXTopLevelObjectHandler handler) override;
+    bool RemoveTopLevelObject(const char* name) override;
+    bool AddType(RXTypeDefinition* type) override;
+    bool RemoveType(RXTypeDefinition* type) override;
+    RXTypeDefinition* FindType(const char* name) override;
+    const char* CompleteCommand(const char* text, bool reverse) override;
+    bool Calculate(const char* expression, double* result) override;
+    void ConsolePrintf(const char* format, ...) override;
+    HostScriptInterface* GetScriptInterface() override;
+    unsigned CompileAtom(const char* source, size_t length) override;
+    void DeleteAtom(unsigned atom) override;
+    bool ExecuteAtomForResult(unsigned atom, int argc, char* argv[], _RXTypeVar* thisObject,
+                              int reserved, char* result, size_t size) override;
+    int ExecuteAtom(unsigned atom, int reserved, int argc, char* argv[],
+                    _RXTypeVar* thisObject) override;
+    unsigned FindAtom(const char* name) override;
+    unsigned PreParseText(const char* text, bool dataSequence) override;
+    bool RetrieveOriginalText(unsigned handle, char* buffer, size_t size) override;
+    bool RetrieveProcessedText(unsigned handle, char* buffer, size_t size) override;
+    bool RetrieveProcessedResult(unsigned handle, _RXTypeVar& result) override;
+    void FreePreParsed(unsigned handle) override;
+    unsigned RegisterPersistentClass(const char* name) override;
+    void InvalidatePersistentObject(unsigned persistentClass, void* object) override;
+    void SetPersistentClass(RXTypeDefinition* type, unsigned persistentClass) override;
+    bool FindTextureFile(const char* name, char* output) override;
+    bool FindInterfaceFile(const char* name, char* output) override;
+    bool OpenClipboard() override;
+    void StoreElementPosition(TAVUElement* element) override;
+    void RestoreElementPosition(TAVUElement* element) override;
+    bool GetKeyName(unsigned key, char* output, size_t size) override;
+    void GetCurrentConsole(char* output, size_t size) override;
+    void SelectConsole(const char* name) override;
+
+    // HostRenderer
+    bool FillRect(tagRECT* rect, unsigned color) override;
+    bool TexturedRect(TAVUDrawRecord* record) override;
+    bool TexturedRects(unsigned count, TAVUDrawRecord* records) override;
+    bool DrawLine(TAVUDrawRecord* record, unsigned width) override;
+    unsigned AcquireFont(const char* name, int height, bool fixed, bool bold) override;
+    void ReleaseFont(unsigned font) override;
+    size_t DrawText(unsigned font, const char* text, tagRECT* rect, unsigned color,
+                    unsigned format) override;
+    void MeasureText(unsigned font, const char* text, size_t* width) override;
+    bool GetCharWidths(unsigned font, unsigned first, unsigned last, float* abc) override;
+    bool GetDisplaySize(uint64_t* width, uint64_t* height) override;
+    unsigned AcquireTexture(const char* file, unsigned colorKey) override;
+    bool GetTextureSize(unsigned texture, _Point2i& size) override;
+    void ReleaseTexture(unsigned texture) override;
+
+    // HostScriptInterface
+    bool DataParse(const char* text, _RXTypeVar& result) override;
+    RXTypeDefinition* FindType(const char* name, int reserved1, int reserved2) override;
+    char* GetTempBuffer(unsigned size, const char* contents) override;
+    // RegisterPersistentClass and InvalidatePersistentObject are shared with HostServices.
+    unsigned CompileQuery(const char* query) override;
+    bool EvaluateQuery(unsigned query, _RXTypeVar* object, bool* result) override;
+    void FreeQuery(unsigned query) override;
+
+private:
+    void Record(const std::string& name, std::vector<std::string> args = {});
+    unsigned NextHandle = 100;
+    std::string CompletedCommand;
+    std::deque<std::string> TempBuffers; // stable addresses
+    std::map<unsigned, _Point2i> TextureHandleSizes;
+};
+
+// Text forms used in recorded arguments.
+std::string Quoted(const char* text);
+std::string Hex(unsigned value);

@@ -1,0 +1,40 @@
+#include "ToolkitTest.h"
+
+#include "Module.h"
+#include "Platform.h"
+#include "TAVUFactory.h"
+#include "TAVUScreen.h"
+
+#include <new>
+
+namespace {
+// Plain elements made by tests are deleted through this factory.
+TAVUFactory<TAVUElement> g_TestElementFactory("testelement");
+} // namespace
+
+void ResetToolkit() {
+    auto factories = g_UIManager.Factories;
+    g_UIManager.~CUIManager();
+    g_pHost = nullptr;
+    g_pHostScript = nullptr;
+    new (&g_UIManager) CUIManager();
+    for (auto& entry : factories)
+        if (entry.second) g_UIManager.Factories.insert(entry);
+}
+
+void ToolkitTest::SetUp() {
+    TavuDriveClock(kStartTick);
+    ResetToolkit();
+    F1(&Host);
+    g_UIManager.Initialize();
+}
+
+void ToolkitTest::TearDown() {
+    g_UIManager.Shutdown();
+    ResetToolkit();
+    TavuReleaseClock();
+}
+
+TAVUElement* ToolkitTest::MakeElement(const char* name, TAVUElement* parent) {
+    return g_TestElementFactory.CreateUIElement(parent ? parent : g_UIManager.Screen, name);
+}

@@ -1,0 +1,28 @@
+// The fixture of tests that need a running toolkit: a fresh manager, entered
+// through F1 with a FakeHost and initialised, on a driven clock. Each test
+// starts from a manager as it is right after the module loaded, with the
+// element factories that registered themselves then.
+#pragma once
+
+#include "CUIManager.h"
+#include "FakeHost.h"
+#include "TAVUElement.h"
+
+#include <gtest/gtest.h>
+
+// Returns the manager to the state of a freshly loaded module: no host, not
+// initialised, no elements; the self-registered factories stay.
+void ResetToolkit();
+
+class ToolkitTest : public ::testing::Test {
+protected:
+    static constexpr unsigned kStartTick = 100000;
+
+    void SetUp() override;
+    void TearDown() override;
+
+    // Makes an element of the plain base class under parent (the screen when null).
+    TAVUElement* MakeElement(const char* name, TAVUElement* parent = nullptr);
+
+    FakeHost Host;
+};
