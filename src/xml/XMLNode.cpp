@@ -1,0 +1,131 @@
+#include "XMLNode.h"
+
+#include "StringHelpers.h"
+#include "XMLAttribute.h"
+
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+char* DuplicateBytes(const char* text, size_t length) {
+    char* copy = static_cast<char*>(malloc(length + 1));
+    if (!copy) return nullptr;
+    if (length) memcpy(copy, text, length);
+    copy[length] = 0;
+    return copy;
+}
+
+} // namespace
+
+XMLNode::XMLNode(XMLNode* parent, const char* name, uint32_t type)
+    : XMLNode(parent, name ? name : "", name ? strlen(name) : 0, type) {}
+
+XMLNode::XMLNode(XMLNode* parent, const char* name, size_t nameLength, uint32_t type)
+    : Name(DuplicateBytes(name ? name : "", name ? nameLength : 0)), Type(type) {
+    if (parent) AppendTo(parent);
+}
+
+XMLNode::~XMLNode() {
+    StrFree(Name);
+    for (XMLAttribute* attribute = FirstAttribute; attribute;) {
+        XMLAttribute* next = attribute->Next;
+        delete attribute;
+        attribute = next;
+    }
+    // The subtree is taken apart as one list, never by recursion, so that a
+    // very deep document cannot exhaust the stack: before a node is deleted,
+    // its own children are spliced into the list in its place.
+    XMLNode* pending = FirstChild;
+    FirstChild = LastChild = nullptr;
+    while (pending) {
+        XMLNode* node = pending;
+        if (node->FirstChild) {
+            node->LastChild->Next = node->Next;
+            pending = node->FirstChild;
+            node->FirstChild = node->LastChild = nullptr;
+        } else {
+            pending = node->Next;
+        }
+        delete node;
+    }
+}
+
+void XMLNode::Destroy() {
+    delete this;
+}
+
+void XMLNode::AppendTo(XMLNode* parent) {
+    Parent = parent;
+    Prev = parent->LastChild;
+    if (parent->LastChild)
+        parent->LastChild->Next = this;
+    else
+        parent->FirstChild = this;
+    parent->LastChild = this;
+}
+
+XMLAttribute* XMLNode::FindAttribute(const char* name) const {
+    for (XMLAttribute* attribute = FirstAttribute; attribute; attribute = attribute->Next)
+        if (StrCompareNoCase(attribute->Name, name) == 0) return attribute;
+    return nullptr;
+}
+
+void XMLNode::SetAttribute(const char* name, const char* value) {
+    XMLAttribute* last = nullptr;
+    for (XMLAttribute* attribute = FirstAttribute; attribute; attribute = attribute->Next) {
+        if (StrCompareNoCase(attribute->Name, name) == 0) {
+            attribute->SetValue(value);
+            return;
+        }
+        last = attribute;
+    }
+    XMLAttribute* added = new XMLAttribute(name, value);
+    if (last)
+        last->Next = added;
+    else
+        FirstAttribute = added;
+}
+
+XMLNode* XMLNode::CloneShallow(XMLNode* newParent) const {
+    XMLNode* copy = new XMLNode(newParent, Name, Type);
+    for (XMLAttribute* attribute = FirstAttribute; attribute; attribute = attribute->Next)
+        copy->SetAttribute(attribute->Name, attribute->Value);
+    return copy;
+}
+
+bool XMLNode::Contains(const XMLNode* node) const {
+    for (; node; node = node->Parent)
+        if (node == this) return true;
+    return false;
+}
+
+// Copies the subtree in document order with a walk instead of recursion, so
+// that the depth of a document does not matter.
+XMLNode* XMLNode::CloneDetached() const {
+    XMLNode* root = CloneShallow(nullptr);
+    const XMLNode* source = FirstChild;
+    XMLNode* target = root;
+    while (source) {
+        XMLNode* copy = source->CloneShallow(target);
+        if (source->FirstChild) {
+            source = source->FirstChild;
+            target = copy;
+            continue;
+        }
+        while (source != this && !source->Next) {
+            source = source->Parent;
+            target = target->Parent;
+        }
+        source = source == this ? nullptr : source->Next;
+    }
+    return root;
+}
+
+XMLNode* XMLNode::Clone(XMLNode* newParent) {
+    XMLNode* copy = CloneDetached();
+    // Attaching only after the copy is complete keeps a clone into this very
+    // subtree from copying its own growing end.
+    if (newParent) copy->AppendTo(newParent);
+    return copy;
+}

@@ -1,0 +1,59 @@
+// A node of a parsed document: an element, a run of text, a comment, a
+// processing instruction, a DOCTYPE or the root of the whole document.
+#pragma once
+
+#include "TavuExport.h"
+
+#include <cstddef>
+#include <cstdint>
+
+class XMLAttribute;
+
+class TAVU_API XMLNode {
+public:
+    enum : uint32_t {
+        DocumentRoot = 0,
+        Element = 1,
+        Comment = 2,
+        Text = 3,
+        ProcessingInstruction = 4,
+        Doctype = 6,
+    };
+
+    // Copies the name (null becomes empty) and, with a parent, appends the new
+    // node at the end of the parent's children.
+    XMLNode(XMLNode* parent, const char* name, uint32_t type);
+    // The same for a name of a known length, which need not be terminated.
+    XMLNode(XMLNode* parent, const char* name, size_t nameLength, uint32_t type);
+    XMLNode(const XMLNode&) = delete;
+    XMLNode& operator=(const XMLNode&) = delete;
+    // Frees the name, the attributes and the whole subtree. The node is not
+    // unlinked from its parent: whoever deletes a child fixes the chain.
+    virtual ~XMLNode();
+    // Deletes the node through its destructor.
+    virtual void Destroy();
+    // Sets an attribute, looked up ignoring case: a found one keeps its place
+    // and name and takes the new value, otherwise a new one goes at the end.
+    virtual void SetAttribute(const char* name, const char* value);
+    // Copies this node, its attributes and its whole subtree under newParent
+    // (null for a tree of its own) and answers the copy.
+    virtual XMLNode* Clone(XMLNode* newParent);
+
+    // The attribute of that name, ignoring case, or null.
+    XMLAttribute* FindAttribute(const char* name) const;
+
+    char* Name;
+    uint32_t Type;
+    XMLAttribute* FirstAttribute = nullptr;
+    XMLNode* Parent = nullptr;
+    XMLNode* FirstChild = nullptr;
+    XMLNode* LastChild = nullptr;
+    XMLNode* Next = nullptr;
+    XMLNode* Prev = nullptr;
+
+private:
+    void AppendTo(XMLNode* parent);
+    XMLNode* CloneShallow(XMLNode* newParent) const;
+    XMLNode* CloneDetached() const;
+    bool Contains(const XMLNode* node) const;
+};

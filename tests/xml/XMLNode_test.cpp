@@ -1,0 +1,54 @@
+#include "XMLTestTree.h"
+
+#include <gtest/gtest.h>
+
+using xmltest::Dump;
+
+TEST(XMLNode, ConstructorAppendsAndCopiesTheName) {
+    XMLNode root(nullptr, "root", XMLNode::DocumentRoot);
+    char name[] = "first";
+    XMLNode* first = new XMLNode(&root, name, XMLNode::Element);
+    name[0] = 'F';
+    XMLNode* second = new XMLNode(&root, nullptr, XMLNode::Text);
+    EXPECT_STREQ(first->Name, "first");
+    EXPECT_STREQ(second->Name, "");
+    EXPECT_EQ(root.FirstChild, first);
+    EXPECT_EQ(root.LastChild, second);
+    EXPECT_EQ(first->Next, second);
+    EXPECT_EQ(second->Prev, first);
+    EXPECT_EQ(second->Parent, &root);
+}
+
+TEST(XMLNode, SetAttributeReplacesIgnoringCaseOrAppends) {
+    XMLNode node(nullptr, "n", XMLNode::Element);
+    node.SetAttribute("Width", "1");
+    node.SetAttribute("height", "2");
+    node.SetAttribute("WIDTH", "3");
+    node.SetAttribute("x", nullptr);
+    XMLNode holder(nullptr, "h", XMLNode::Element);
+    node.Clone(&holder);
+    EXPECT_EQ(Dump(&holder), "e:n Width=3 height=2 x=\n");
+    EXPECT_EQ(node.FindAttribute("HEIGHT"), node.FirstAttribute->Next);
+    EXPECT_EQ(node.FindAttribute("depth"), nullptr);
+}
+
+TEST(XMLNode, CloneCopiesTheSubtreeInOrder) {
+    XMLParser parser;
+    ASSERT_TRUE(parser.ParseBuffer("<a k=\"v\"><b>t</b><!--c--><d><e/></d></a>", 0));
+    XMLNode* a = parser.Root->FirstChild;
+    XMLNode* copy = a->Clone(nullptr);
+    EXPECT_EQ(copy->Parent, nullptr);
+    XMLNode holder(nullptr, "h", XMLNode::Element);
+    copy->Clone(&holder);
+    EXPECT_EQ(Dump(&holder), Dump(parser.Root));
+    EXPECT_NE(copy->FirstChild, a->FirstChild);
+    copy->Destroy();
+}
+
+TEST(XMLNode, CloneIntoItsOwnSubtreeCopiesOnlyWhatWasThere) {
+    XMLParser parser;
+    ASSERT_TRUE(parser.ParseBuffer("<a><b/><c/></a>", 0));
+    XMLNode* a = parser.Root->FirstChild;
+    a->Clone(a->FirstChild);
+    EXPECT_EQ(Dump(parser.Root), "e:a\n  e:b\n    e:a\n      e:b\n      e:c\n  e:c\n");
+}
