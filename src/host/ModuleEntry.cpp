@@ -1,5 +1,5 @@
 // The entry routine of the shared module. On Windows the loader calls DllMain;
-// elsewhere a constructor and destructor pair does the same work at load and
+// elsewhere a static object does the same work at load and
 // unload, so that both platforms behave alike.
 #include "Module.h"
 
@@ -19,14 +19,13 @@ HMODULE OwnModuleHandle() {
     if (dladdr(reinterpret_cast<void*>(&OwnModuleHandle), &info)) return info.dli_fbase;
     return nullptr;
 }
+
+// Load and unload of the module, as a static object: it is made after the
+// manager and so destroyed before it, whether the module is unloaded or the
+// process ends with the module still loaded.
+struct ModuleLifetime {
+    ModuleLifetime() { TavuModuleEntry(OwnModuleHandle(), DLL_PROCESS_ATTACH); }
+    ~ModuleLifetime() { TavuModuleEntry(OwnModuleHandle(), DLL_PROCESS_DETACH); }
+} g_ModuleLifetime;
 } // namespace
-
-__attribute__((constructor)) static void TavukitModuleAttach() {
-    TavuModuleEntry(OwnModuleHandle(), DLL_PROCESS_ATTACH);
-}
-
-// Runs before the module's global objects are destroyed, so the manager is still whole.
-__attribute__((destructor)) static void TavukitModuleDetach() {
-    TavuModuleEntry(OwnModuleHandle(), DLL_PROCESS_DETACH);
-}
 #endif

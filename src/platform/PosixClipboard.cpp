@@ -58,8 +58,8 @@ SIZE_T GlobalSize(HGLOBAL memory) {
     return memory ? BlockOf(memory)->Size : 0;
 }
 
+// One thread owns everything here, and an owner may open the clipboard again.
 BOOL OpenClipboard(HWND) {
-    if (g_Clipboard.Open) return FALSE;
     g_Clipboard.Open = true;
     return TRUE;
 }

@@ -298,10 +298,10 @@ TEST_F(Element, HitTestIncludesEdgesAndHonoursCircleShapes) {
     _Point2i corner{100, 100};
     EXPECT_FALSE(button->HitTest(corner));
     g_UIManager.SetMetadata(button->ID, "HitTest", "heightCircle");
-    _Point2i near{150 + 19, 120};
-    EXPECT_TRUE(button->HitTest(near));
-    _Point2i far{150 + 21, 120};
-    EXPECT_FALSE(button->HitTest(far));
+    _Point2i inside{150 + 19, 120};
+    EXPECT_TRUE(button->HitTest(inside));
+    _Point2i beyond{150 + 21, 120};
+    EXPECT_FALSE(button->HitTest(beyond));
 }
 
 TEST_F(Element, ColourCodesAreSkippedWithoutReadingPastTheText) {

@@ -64,6 +64,8 @@ bool WriteBounded(const std::string& text, char* buffer, size_t size) {
 } // namespace
 
 FakeScript::FakeScript() {
+    for (const char* c = "script"; *c; ++c)
+        NameText += WCHAR(*c);
     Name = NameText.c_str();
     InAtom = &InAtomFlag;
 }

@@ -24,7 +24,7 @@
 class FakeScript : public RXScript {
 public:
     void SetUserInput(const char* text) override;
-    std::u16string NameText = u"script";
+    std::basic_string<WCHAR> NameText; // "script"
     bool InAtomFlag = false;
     std::string UserInputText;
     FakeScript();

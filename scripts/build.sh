@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# Configures and builds one flavour: linux (with AddressSanitizer and
+# UndefinedBehaviorSanitizer, as the tests run) or windows (MinGW-w64).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+flavour=${1:-linux}
+jobs=${JOBS:-$(nproc)}
+case "$flavour" in
+    linux)
+        cmake -S . -B build/linux -G Ninja -DCMAKE_BUILD_TYPE=Debug -DTAVU_SANITIZE=ON >/dev/null
+        ;;
+    windows)
+        cmake -S . -B build/windows -G Ninja -DCMAKE_BUILD_TYPE=Debug \
+            -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64.cmake >/dev/null
+        ;;
+    release)
+        cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=Release -DTAVU_TESTS=OFF >/dev/null
+        ;;
+    *)
+        echo "usage: scripts/build.sh linux|windows|release" >&2
+        exit 2
+        ;;
+esac
+echo "Building $flavour..."
+cmake --build "build/$flavour" -j "$jobs"
