@@ -7,6 +7,7 @@
 #include "TAVUElement.h"
 #include "TAVUScreen.h"
 #include "TAVUScriptTypes.h"
+#include "XMLNode.h"
 
 #include <cstring>
 
