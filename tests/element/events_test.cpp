@@ -1,0 +1,144 @@
+#include "TAVUEmbeddedScript.h"
+#include "TAVUScreen.h"
+#include "ToolkitTest.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+class Events : public ToolkitTest {
+protected:
+    TAVUEmbeddedScript* Script(TAVUElement* element, const char* source,
+                               const char* arguments = "int X, int Y") {
+        return TAVUEmbeddedScript::New(element, source, arguments);
+    }
+};
+
+TEST_F(Events, ScriptsCompileInTheAtomFormAndFailCleanly) {
+    TAVUElement* element = MakeElement("Scripted");
+    EXPECT_EQ(TAVUEmbeddedScript::New(nullptr, "x", ""), nullptr);
+    EXPECT_EQ(TAVUEmbeddedScript::New(element, nullptr, ""), nullptr);
+    EXPECT_EQ(Host.Count("CompileAtom"), 0u);
+    TAVUEmbeddedScript* script = TAVUEmbeddedScript::New(element, "echo hi", nullptr);
+    ASSERT_NE(script, nullptr);
+    EXPECT_EQ(Host.LiveAtoms[script->Atom], "atom auto()\n{\necho hi\n}\n");
+    script->Delete();
+    EXPECT_TRUE(Host.LiveAtoms.empty());
+    Host.FailCompile = true;
+    EXPECT_EQ(TAVUEmbeddedScript::New(element, "broken", "int X"), nullptr);
+    std::string longSource(100000, 'x'); // sized from its parts: no fixed buffer
+    Host.FailCompile = false;
+    TAVUEmbeddedScript* big = TAVUEmbeddedScript::New(element, longSource.c_str(), "");
+    ASSERT_NE(big, nullptr);
+    EXPECT_EQ(Host.LiveAtoms[big->Atom].size(), longSource.size() + 17);
+    big->Delete();
+}
+
+TEST_F(Events, MouseHandlersPassScreenCoordinatesAndTheElementAsThis) {
+    TAVUElement* button = MakeElement("Button");
+    button->OnLeftClick = Script(button, "click");
+    _Point2i point{-5, 42};
+    EXPECT_TRUE(button->OnLMouseUp(point));
+    ASSERT_EQ(Host.AtomRuns.size(), 1u);
+    EXPECT_EQ(Host.AtomRuns[0].Args, (std::vector<std::string>{"-5", "42"}));
+    EXPECT_EQ(Host.AtomRuns[0].This, button);
+    EXPECT_FALSE(button->OnRMouseUp(point)); // no script, not taken
+}
+
+TEST_F(Events, APressIsTakenForAClickWithoutRunningAnything) {
+    TAVUElement* button = MakeElement("Button");
+    button->OnLeftClick = Script(button, "click");
+    _Point2i point{1, 1};
+    EXPECT_TRUE(button->OnLMouseDown(point));
+    EXPECT_TRUE(Host.AtomRuns.empty());
+    EXPECT_FALSE(button->OnRMouseDown(point));
+    button->OnRightDown = Script(button, "rdown");
+    EXPECT_TRUE(button->OnRMouseDown(point));
+    EXPECT_EQ(Host.AtomRuns.size(), 1u);
+}
+
+TEST_F(Events, KeyEventsNeedAKeyName) {
+    TAVUElement* field = MakeElement("Field");
+    field->OnKeyDownScript = Script(field, "key", "string Key");
+    EXPECT_FALSE(field->OnKeyDown(65)); // the host has no name for it: no event
+    EXPECT_TRUE(Host.AtomRuns.empty());
+    Host.KeyNames[65] = "A";
+    EXPECT_TRUE(field->OnKeyDown(65));
+    ASSERT_EQ(Host.AtomRuns.size(), 1u);
+    EXPECT_EQ(Host.AtomRuns[0].Args, (std::vector<std::string>{"A"}));
+    EXPECT_FALSE(field->OnKeyUp(65)); // no script for the release
+}
+
+TEST_F(Events, AnElementThatDeletesItselfInItsClickSurvivesUntilTheScriptEnds) {
+    TAVUElement* button = MakeElement("SelfDestruct");
+    button->OnLeftClick = Script(button, "delete");
+    unsigned atom = button->OnLeftClick->Atom;
+    unsigned id = button->ID;
+    bool atomAliveDuringRun = false;
+    Host.OnExecuteAtom = [&](const FakeHost::AtomRun&) {
+        g_UIManager.Screen->DeleteChild(button);
+        atomAliveDuringRun = Host.LiveAtoms.count(atom) == 1;
+        return 0;
+    };
+    _Point2i point{3, 4};
+    EXPECT_TRUE(button->OnLMouseUp(point));
+    EXPECT_TRUE(atomAliveDuringRun);           // the script outlived its element's destructor
+    EXPECT_EQ(Host.LiveAtoms.count(atom), 0u); // and was freed at its end
+    EXPECT_EQ(g_UIManager.FindElementByID(id), nullptr);
+}
+
+TEST_F(Events, MouseOverFollowsThePointerWithExitBeforeEnter) {
+    TAVUElement* panel = MakeElement("Panel");
+    panel->Width = 100;
+    panel->Height = 100;
+    TAVUElement* button = MakeElement("Button", panel);
+    button->X = 10;
+    button->Y = 10;
+    button->Width = 20;
+    button->Height = 20;
+    button->OnMouseEnterScript = Script(button, "enter");
+    button->OnMouseExitScript = Script(button, "exit", "");
+    g_UIManager.Render(); // absolute positions
+    g_UIManager.MousePosition = {15, 15};
+    EXPECT_EQ(g_UIManager.SetMouseOverElement(), button);
+    EXPECT_EQ(g_UIManager.SetMouseOverElement(), button); // same element: no event
+    ASSERT_EQ(Host.AtomRuns.size(), 1u);
+    EXPECT_EQ(Host.AtomRuns[0].Args, (std::vector<std::string>{"15", "15"}));
+    g_UIManager.MousePosition = {50, 50};
+    EXPECT_EQ(g_UIManager.SetMouseOverElement(), panel);
+    EXPECT_EQ(Host.AtomRuns.size(), 2u);
+    EXPECT_TRUE(button->FindMouseOver(g_UIManager.MousePosition, nullptr) == nullptr);
+    g_UIManager.MousePosition = {500, 500};
+    EXPECT_EQ(g_UIManager.SetMouseOverElement(), g_UIManager.Screen);
+    g_UIManager.MousePosition = {-10, -10};
+    EXPECT_EQ(g_UIManager.SetMouseOverElement(), nullptr);
+    EXPECT_EQ(g_UIManager.MouseOverElementID, 0u);
+}
+
+TEST_F(Events, HitSearchPrefersTheTopChildAndCanContinueBehindOne) {
+    TAVUElement* bottom = MakeElement("Bottom");
+    TAVUElement* top = MakeElement("Top");
+    for (TAVUElement* element : {bottom, top}) {
+        element->Width = 50;
+        element->Height = 50;
+    }
+    g_UIManager.Render();
+    _Point2i point{10, 10};
+    TAVUElement* screen = g_UIManager.Screen;
+    EXPECT_EQ(screen->FindMouseOver(point, nullptr), top);
+    EXPECT_EQ(screen->FindMouseOver(point, top), bottom);
+    EXPECT_EQ(screen->FindMouseOver(point, bottom), screen);
+    top->Visible = false;
+    EXPECT_EQ(screen->FindMouseOver(point, nullptr), bottom);
+}
+
+TEST_F(Events, ThePressedElementHoldsTheMouseUntilItGoes) {
+    TAVUElement* held = MakeElement("Held");
+    g_UIManager.LeftPressedElementID = held->ID;
+    EXPECT_EQ(g_UIManager.GetMouseOverElement(), held);
+    g_UIManager.Screen->DeleteChild(held);
+    g_UIManager.MousePosition = {1, 1};
+    EXPECT_EQ(g_UIManager.GetMouseOverElement(), g_UIManager.Screen);
+    EXPECT_EQ(g_UIManager.LeftPressedElementID, 0u);
+}
