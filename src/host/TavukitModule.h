@@ -22,6 +22,7 @@
 
 class CUIManager;
 class HostInterface;
+class TAVUSkin;
 
 class TavukitModule {
 public:
@@ -51,6 +52,12 @@ public:
         WheelFunction = reinterpret_cast<IntMember>(Find("_ZN10CUIManager12OnMouseWheelEi"));
         KeyDownFunction = reinterpret_cast<KeyMember>(Find("_ZN10CUIManager9OnKeyDownEj"));
         KeyUpFunction = reinterpret_cast<KeyMember>(Find("_ZN10CUIManager7OnKeyUpEj"));
+        LoadInterfaceFunction =
+            reinterpret_cast<LoadMember>(Find("_ZN10CUIManager16LoadInterfaceXMLEPKcbP8TAVUSkin"));
+        DriveClockFunction = reinterpret_cast<ClockFunction>(Find("TavuDriveClock"));
+        AdvanceClockFunction = reinterpret_cast<ClockFunction>(Find("TavuAdvanceClock"));
+        ReleaseClockFunction = reinterpret_cast<ReleaseFunction>(Find("TavuReleaseClock"));
+        SetKeyStateFunction = reinterpret_cast<KeyStateFunction>(Find("TavuSetKeyState"));
         if (!EntryF1 || !Manager) return Fail("'%s' has no F1 or g_UIManager", path);
         return true;
     }
@@ -64,6 +71,10 @@ public:
 #endif
         Handle = nullptr;
         Manager = nullptr;
+        LoadInterfaceFunction = nullptr;
+        DriveClockFunction = AdvanceClockFunction = nullptr;
+        ReleaseClockFunction = nullptr;
+        SetKeyStateFunction = nullptr;
     }
 
     bool IsLoaded() const {
@@ -121,6 +132,35 @@ public:
         return KeyUpFunction && KeyUpFunction(Manager, key);
     }
 
+    // Loads an interface file into the screen, as "UI -load FILE" does: the
+    // form (file, reload, skin) of CUIManager::LoadInterfaceXML.
+    bool CanLoadInterfaces() const {
+        return LoadInterfaceFunction != nullptr;
+    }
+    bool LoadInterfaceXML(const char* file) {
+        return LoadInterfaceFunction && LoadInterfaceFunction(Manager, file, false, nullptr);
+    }
+
+    // The module's tick clock (see TavuDriveClock): a host that wants the same
+    // output for the same input drives it. Absent operations do nothing.
+    bool CanDriveClock() const {
+        return DriveClockFunction && AdvanceClockFunction;
+    }
+    void DriveClock(unsigned tick) {
+        if (DriveClockFunction) DriveClockFunction(tick);
+    }
+    void AdvanceClock(unsigned milliseconds) {
+        if (AdvanceClockFunction) AdvanceClockFunction(milliseconds);
+    }
+    void ReleaseClock() {
+        if (ReleaseClockFunction) ReleaseClockFunction();
+    }
+    // Tells the module's keyboard state that a key is down (0x8000) or up (0),
+    // on systems where it cannot ask the operating system.
+    void SetKeyState(int key, short state) {
+        if (SetKeyStateFunction) SetKeyStateFunction(key, state);
+    }
+
 private:
     // A member function takes its object as the first argument on both 64-bit
     // conventions this module is built for.
@@ -130,6 +170,10 @@ private:
     typedef bool (*PointMember)(CUIManager*, _Point2i&);
     typedef bool (*IntMember)(CUIManager*, int);
     typedef bool (*KeyMember)(CUIManager*, unsigned);
+    typedef bool (*LoadMember)(CUIManager*, const char*, bool, TAVUSkin*);
+    typedef void (*ClockFunction)(unsigned);
+    typedef void (*ReleaseFunction)();
+    typedef void (*KeyStateFunction)(int, short);
 
     bool Fail(const char* format, const char* argument) {
         snprintf(ErrorText, sizeof(ErrorText), format, argument);
@@ -149,5 +193,10 @@ private:
     IntMember WheelFunction = nullptr;
     KeyMember KeyDownFunction = nullptr;
     KeyMember KeyUpFunction = nullptr;
+    LoadMember LoadInterfaceFunction = nullptr;
+    ClockFunction DriveClockFunction = nullptr;
+    ClockFunction AdvanceClockFunction = nullptr;
+    ReleaseFunction ReleaseClockFunction = nullptr;
+    KeyStateFunction SetKeyStateFunction = nullptr;
     char ErrorText[600] = "";
 };

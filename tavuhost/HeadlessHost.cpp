@@ -1,0 +1,628 @@
+#include "HeadlessHost.h"
+
+#include "HostText.h"
+#include "ImageSize.h"
+#include "KeyNames.h"
+#include "ScriptEngine.h"
+#include "TraceWriter.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+// The longest a wait may be, so that a typo cannot stall a run for days.
+const long MaxWaitMilliseconds = 3600000;
+
+bool ParseInt(const char* text, long& value) {
+    double number = 0;
+    if (!ParseNumber(text, number) || number != long(number)) return false;
+    value = long(number);
+    return true;
+}
+
+bool IsAbsolute(const std::string& path) {
+    return (!path.empty() && (path[0] == '/' || path[0] == '\\')) ||
+           (path.size() > 1 && path[1] == ':');
+}
+
+bool Readable(const std::string& path) {
+    FILE* file = fopen(path.c_str(), "rb");
+    if (!file) return false;
+    fclose(file);
+    return true;
+}
+
+// Interface files written on Windows name subfolders with backslashes.
+std::string NativePath(std::string path) {
+#if !defined(_WIN32)
+    for (char& c : path)
+        if (c == '\\') c = '/';
+#endif
+    return path;
+}
+
+} // namespace
+
+HeadlessHost::HeadlessHost(ScriptEngine& engine, TraceWriter& trace, TavukitModule& module)
+    : Engine(engine), Trace(trace), Module(module) {
+    RegisterCommands();
+}
+
+HeadlessHost::~HeadlessHost() {
+    for (const char* name :
+         {"echo", "wait", "waitframe", "mouse", "key", "type", "screenshot", "exit"})
+        Engine.RemoveCommand(name);
+}
+
+void HeadlessHost::SetDisplaySize(uint64_t width, uint64_t height) {
+    Width = width;
+    Height = height;
+}
+
+void HeadlessHost::Frame() {
+    Engine.ClearTemporaries();
+    Module.Render();
+    Module.AdvanceClock(FrameMilliseconds);
+}
+
+void HeadlessHost::Wait(unsigned milliseconds) {
+    Module.AdvanceClock(milliseconds);
+    Frame();
+}
+
+// ---- the host's own commands ----
+
+void HeadlessHost::RegisterCommands() {
+    struct Entry {
+        const char* Name;
+        int (HeadlessHost::*Handler)(int, char**);
+    } commands[] = {
+        {"echo", &HeadlessHost::Echo},
+        {"wait", &HeadlessHost::WaitCommand},
+        {"waitframe", &HeadlessHost::WaitFrameCommand},
+        {"mouse", &HeadlessHost::Mouse},
+        {"key", &HeadlessHost::Key},
+        {"type", &HeadlessHost::Type},
+        {"screenshot", &HeadlessHost::Screenshot},
+        {"exit", &HeadlessHost::Exit},
+    };
+    for (const Entry& entry : commands) {
+        auto handler = entry.Handler;
+        Engine.AddCommand(entry.Name, [this, handler](int argc, char* argv[]) {
+            return (this->*handler)(argc, argv);
+        });
+    }
+}
+
+int HeadlessHost::Echo(int argc, char* argv[]) {
+    std::string line;
+    for (int i = 1; i < argc; ++i)
+        line += (i > 1 ? " " : "") + std::string(argv[i]);
+    Engine.Print(line);
+    return 0;
+}
+
+int HeadlessHost::WaitCommand(int argc, char* argv[]) {
+    long milliseconds = 0;
+    if (argc != 2 || !ParseInt(argv[1], milliseconds) || milliseconds < 0 ||
+        milliseconds > MaxWaitMilliseconds) {
+        Engine.Print("Syntax: wait MILLISECONDS (0 to 3600000)");
+        return -1;
+    }
+    if (!Engine.RequestWait(ScriptContext::Request::WaitTime, uint32_t(milliseconds)))
+        Wait(unsigned(milliseconds));
+    return 0;
+}
+
+int HeadlessHost::WaitFrameCommand(int argc, char* argv[]) {
+    if (!Engine.RequestWait(ScriptContext::Request::WaitFrame, 0)) Frame();
+    return 0;
+}
+
+int HeadlessHost::Mouse(int argc, char* argv[]) {
+    static const char* const syntax = "Syntax: mouse move X Y | mouse press|release|click "
+                                      "left|right [X Y] | mouse wheel N";
+    std::string action = argc > 1 ? argv[1] : "";
+    long x = 0, y = 0, offset = 0;
+    if (SameName(action, "wheel")) {
+        if (argc != 3 || !ParseInt(argv[2], offset)) return Engine.Print(syntax), -1;
+        Module.OnMouseWheel(int(offset));
+        return 0;
+    }
+    bool isMove = SameName(action, "move");
+    int coordinates = isMove ? 2 : 3; // where X stands
+    bool hasPoint = argc == coordinates + 2;
+    if ((isMove && !hasPoint) || (!isMove && argc != 3 && !hasPoint))
+        return Engine.Print(syntax), -1;
+    if (hasPoint) {
+        if (!ParseInt(argv[coordinates], x) || !ParseInt(argv[coordinates + 1], y))
+            return Engine.Print(syntax), -1;
+        MousePosition = _Point2i{int(x), int(y)};
+        Module.OnMouseMove(MousePosition);
+    }
+    if (isMove) return 0;
+    return MouseButton(action, argv[2]) < 0 ? (Engine.Print(syntax), -1) : 0;
+}
+
+int HeadlessHost::MouseButton(const std::string& action, const std::string& button) {
+    bool left = SameName(button, "left");
+    if (!left && !SameName(button, "right")) return -1;
+    bool press = SameName(action, "press") || SameName(action, "click");
+    bool release = SameName(action, "release") || SameName(action, "click");
+    if (!press && !release) return -1;
+    if (press) left ? Module.OnLMouseDown() : Module.OnRMouseDown();
+    if (release) left ? Module.OnLMouseUp() : Module.OnRMouseUp();
+    return 0;
+}
+
+int HeadlessHost::Key(int argc, char* argv[]) {
+    unsigned code = 0;
+    std::string action = argc > 1 ? argv[1] : "";
+    if (argc != 3 ||
+        !(SameName(action, "press") || SameName(action, "release") || SameName(action, "tap"))) {
+        Engine.Print("Syntax: key press|release|tap NAME");
+        return -1;
+    }
+    if (!KeyNames::CodeOf(argv[2], code)) {
+        Engine.Print(std::string("key: unknown key '") + argv[2] + "'");
+        return -1;
+    }
+    if (!SameName(action, "release")) PressKey(code);
+    if (!SameName(action, "press")) ReleaseKey(code);
+    return 0;
+}
+
+void HeadlessHost::PressKey(unsigned code) {
+    Module.SetKeyState(int(code), short(0x8000));
+    Module.OnKeyDown(code);
+}
+
+void HeadlessHost::ReleaseKey(unsigned code) {
+    Module.SetKeyState(int(code), 0);
+    Module.OnKeyUp(code);
+}
+
+int HeadlessHost::Type(int argc, char* argv[]) {
+    std::string text;
+    for (int i = 1; i < argc; ++i)
+        text += (i > 1 ? " " : "") + std::string(argv[i]);
+    const unsigned shiftKey = 0x10;
+    for (char character : text) {
+        unsigned code = 0;
+        bool shift = false;
+        if (!KeyNames::KeyFor(character, code, shift)) {
+            Engine.Print(std::string("type: no key types '") + character + "'");
+            continue;
+        }
+        if (shift) PressKey(shiftKey);
+        PressKey(code);
+        ReleaseKey(code);
+        if (shift) ReleaseKey(shiftKey);
+    }
+    return 0;
+}
+
+int HeadlessHost::Screenshot(int argc, char* argv[]) {
+    Engine.Print(std::string("screenshot: this host has no renderer yet, so '") +
+                 (argc > 1 ? argv[1] : "") + "' was not written");
+    return -1;
+}
+
+int HeadlessHost::Exit(int argc, char* argv[]) {
+    long code = 0;
+    if (argc > 2 || (argc == 2 && !ParseInt(argv[1], code))) {
+        Engine.Print("Syntax: exit [CODE]");
+        return -1;
+    }
+    Engine.RequestExit(int(code));
+    return 0;
+}
+
+// ---- HostServices ----
+
+std::string HeadlessHost::Describe(const _RXTypeVar* value) {
+    // Pointers differ from run to run; the type keeps traces comparable.
+    if (!value) return "null";
+    return value->Type ? value->Type->GetName() : "untyped";
+}
+
+std::string HeadlessHost::Arguments(int argc, char* argv[]) {
+    std::string text = TraceWriter::Int(argc);
+    for (int i = 0; i < argc && argv; ++i)
+        text += " " + TraceWriter::Text(argv[i]);
+    return text;
+}
+
+RXScript* HeadlessHost::GetCurrentScript() {
+    Trace.Write("GetCurrentScript", {});
+    return Engine.GetCurrentScript();
+}
+
+bool HeadlessHost::AddCommand(const char* name, RXCommandHandler handler, bool flag1, bool flag2) {
+    Trace.Write("AddCommand",
+                {TraceWriter::Text(name), TraceWriter::Flag(flag1), TraceWriter::Flag(flag2)});
+    if (!handler) return false;
+    return Engine.AddCommand(name,
+                             [handler](int argc, char* argv[]) { return handler(argc, argv); });
+}
+
+bool HeadlessHost::RemoveCommand(const char* name) {
+    Trace.Write("RemoveCommand", {TraceWriter::Text(name)});
+    return Engine.RemoveCommand(name);
+}
+
+int HeadlessHost::ExecuteCommand(const char* text) {
+    Trace.Write("ExecuteCommand", {TraceWriter::Text(text)});
+    return Engine.ExecuteCommand(text);
+}
+
+bool HeadlessHost::ParseDataSequences(const char* input, char* output, size_t size) {
+    Trace.Write("ParseDataSequences",
+                {TraceWriter::Text(input), TraceWriter::Int((long long)size)});
+    return Engine.ParseDataSequences(input, output, size);
+}
+
+bool HeadlessHost::AddTopLevelObject(const char* name, RXTopLevelObjectHandler handler) {
+    Trace.Write("AddTopLevelObject", {TraceWriter::Text(name)});
+    if (!handler) return false;
+    return Engine.AddTopLevelObject(name, [handler](int argc, char* argv[], _RXTypeVar& result) {
+        return handler(argc, argv, result);
+    });
+}
+
+bool HeadlessHost::RemoveTopLevelObject(const char* name) {
+    Trace.Write("RemoveTopLevelObject", {TraceWriter::Text(name)});
+    return Engine.RemoveTopLevelObject(name);
+}
+
+bool HeadlessHost::AddType(RXTypeDefinition* type) {
+    Trace.Write("AddType", {TraceWriter::Text(type ? type->GetName() : nullptr)});
+    return Engine.AddType(type);
+}
+
+bool HeadlessHost::RemoveType(RXTypeDefinition* type) {
+    Trace.Write("RemoveType", {TraceWriter::Text(type ? type->GetName() : nullptr)});
+    return Engine.RemoveType(type);
+}
+
+RXTypeDefinition* HeadlessHost::FindType(const char* name) {
+    Trace.Write("FindType", {TraceWriter::Text(name)});
+    return Engine.FindType(name);
+}
+
+const char* HeadlessHost::CompleteCommand(const char* text, bool reverse) {
+    Trace.Write("CompleteCommand", {TraceWriter::Text(text), TraceWriter::Flag(reverse)});
+    std::string typed = text ? text : "";
+    // Asking again with our own last answer moves on to the next candidate of
+    // the same stem; anything else starts a new stem.
+    if (typed != Completion) CompletionStem = typed;
+    std::vector<std::string> candidates;
+    for (const std::string& name : Engine.CommandNames())
+        if (name.size() >= CompletionStem.size() &&
+            SameName(name.substr(0, CompletionStem.size()), CompletionStem))
+            candidates.push_back(name);
+    if (candidates.empty()) return Completion = typed, Completion.c_str();
+    size_t count = candidates.size(), at = reverse ? count - 1 : 0;
+    for (size_t i = 0; i < count; ++i)
+        if (SameName(candidates[i], typed))
+            at = reverse ? (i + count - 1) % count : (i + 1) % count;
+    Completion = candidates[at];
+    return Completion.c_str();
+}
+
+bool HeadlessHost::Calculate(const char* expression, double* result) {
+    Trace.Write("Calculate", {TraceWriter::Text(expression)});
+    double value = 0;
+    if (!Engine.Calculate(expression, value)) return false;
+    if (result) *result = value;
+    return true;
+}
+
+void HeadlessHost::ConsolePrintf(const char* format, ...) {
+    if (!format) return;
+    va_list arguments;
+    va_start(arguments, format);
+    va_list copy;
+    va_copy(copy, arguments);
+    int length = vsnprintf(nullptr, 0, format, copy);
+    va_end(copy);
+    std::string line(length > 0 ? size_t(length) : 0, '\0');
+    if (length > 0) vsnprintf(line.data(), line.size() + 1, format, arguments);
+    va_end(arguments);
+    Trace.Write("ConsolePrintf", {TraceWriter::Text(line.c_str())});
+    Engine.Print(line);
+}
+
+HostScriptInterface* HeadlessHost::GetScriptInterface() {
+    Trace.Write("GetScriptInterface", {});
+    return this;
+}
+
+unsigned HeadlessHost::CompileAtom(const char* source, size_t length) {
+    unsigned atom = Engine.CompileAtom(source, length);
+    Trace.Write("CompileAtom", {TraceWriter::Text(source), TraceWriter::Int((long long)length),
+                                "->", TraceWriter::Int(atom)});
+    return atom;
+}
+
+void HeadlessHost::DeleteAtom(unsigned atom) {
+    Trace.Write("DeleteAtom", {TraceWriter::Int(atom)});
+    Engine.DeleteAtom(atom);
+}
+
+bool HeadlessHost::ExecuteAtomForResult(unsigned atom, int argc, char* argv[],
+                                        _RXTypeVar* thisObject, int reserved, char* result,
+                                        size_t size) {
+    Trace.Write("ExecuteAtomForResult",
+                {TraceWriter::Int(atom), Arguments(argc, argv), Describe(thisObject),
+                 TraceWriter::Int(reserved), TraceWriter::Int((long long)size)});
+    std::string text;
+    if (!Engine.ExecuteAtom(atom, argc, argv, thisObject, &text)) return false;
+    CopyText(result, size, text);
+    return true;
+}
+
+int HeadlessHost::ExecuteAtom(unsigned atom, int reserved, int argc, char* argv[],
+                              _RXTypeVar* thisObject) {
+    Trace.Write("ExecuteAtom", {TraceWriter::Int(atom), TraceWriter::Int(reserved),
+                                Arguments(argc, argv), Describe(thisObject)});
+    return Engine.ExecuteAtom(atom, argc, argv, thisObject, nullptr) ? 1 : 0;
+}
+
+unsigned HeadlessHost::FindAtom(const char* name) {
+    Trace.Write("FindAtom", {TraceWriter::Text(name)});
+    return Engine.FindAtom(name);
+}
+
+unsigned HeadlessHost::PreParseText(const char* text, bool dataSequence) {
+    unsigned handle = Engine.PreParseText(text, dataSequence);
+    Trace.Write("PreParseText", {TraceWriter::Text(text), TraceWriter::Flag(dataSequence), "->",
+                                 TraceWriter::Int(handle)});
+    return handle;
+}
+
+bool HeadlessHost::RetrieveOriginalText(unsigned handle, char* buffer, size_t size) {
+    Trace.Write("RetrieveOriginalText",
+                {TraceWriter::Int(handle), TraceWriter::Int((long long)size)});
+    return Engine.RetrieveOriginalText(handle, buffer, size);
+}
+
+bool HeadlessHost::RetrieveProcessedText(unsigned handle, char* buffer, size_t size) {
+    Trace.Write("RetrieveProcessedText",
+                {TraceWriter::Int(handle), TraceWriter::Int((long long)size)});
+    return Engine.RetrieveProcessedText(handle, buffer, size);
+}
+
+bool HeadlessHost::RetrieveProcessedResult(unsigned handle, _RXTypeVar& result) {
+    Trace.Write("RetrieveProcessedResult", {TraceWriter::Int(handle)});
+    return Engine.RetrieveProcessedResult(handle, result);
+}
+
+void HeadlessHost::FreePreParsed(unsigned handle) {
+    Trace.Write("FreePreParsed", {TraceWriter::Int(handle)});
+    Engine.FreePreParsed(handle);
+}
+
+unsigned HeadlessHost::RegisterPersistentClass(const char* name) {
+    unsigned persistentClass = Engine.RegisterPersistentClass(name);
+    Trace.Write("RegisterPersistentClass",
+                {TraceWriter::Text(name), "->", TraceWriter::Int(persistentClass)});
+    return persistentClass;
+}
+
+void HeadlessHost::InvalidatePersistentObject(unsigned persistentClass, void* object) {
+    Trace.Write("InvalidatePersistentObject", {TraceWriter::Int(persistentClass)});
+    Engine.InvalidatePersistentObject(persistentClass, object);
+}
+
+void HeadlessHost::SetPersistentClass(RXTypeDefinition* type, unsigned persistentClass) {
+    Trace.Write("SetPersistentClass", {TraceWriter::Text(type ? type->GetName() : nullptr),
+                                       TraceWriter::Int(persistentClass)});
+    Engine.SetPersistentClass(type, persistentClass);
+}
+
+// Absolute names are taken as they are; others are looked for in the search
+// folders in order, then in the working folder. A path that would not fit the
+// caller's buffer counts as not found rather than being cut.
+bool HeadlessHost::FindFile(const char* name, char* output, size_t size) {
+    if (!name || !*name || !output) return false;
+    std::string wanted = NativePath(name);
+    std::vector<std::string> candidates;
+    if (!IsAbsolute(wanted))
+        for (const std::string& folder : SearchFolders)
+            candidates.push_back(folder + "/" + wanted);
+    candidates.push_back(wanted);
+    for (const std::string& candidate : candidates)
+        if (candidate.size() < size && Readable(candidate)) {
+            CopyText(output, size, candidate);
+            return true;
+        }
+    return false;
+}
+
+bool HeadlessHost::FindTextureFile(const char* name, char* output) {
+    Trace.Write("FindTextureFile", {TraceWriter::Text(name)});
+    return FindFile(name, output, TAVU_TEXTURE_PATH_BUFFER);
+}
+
+bool HeadlessHost::FindInterfaceFile(const char* name, char* output) {
+    Trace.Write("FindInterfaceFile", {TraceWriter::Text(name)});
+    return FindFile(name, output, TAVU_INTERFACE_PATH_BUFFER);
+}
+
+bool HeadlessHost::OpenClipboard() {
+    Trace.Write("OpenClipboard", {});
+#if defined(_WIN32)
+    return ::OpenClipboard(nullptr) != 0;
+#else
+    // Elsewhere the clipboard lives inside the module; it opens only if the
+    // module exports its opener.
+    auto open = reinterpret_cast<int (*)(void*)>(Module.Find("OpenClipboard"));
+    return open && open(nullptr) != 0;
+#endif
+}
+
+// A headless run starts afresh every time, so positions are not kept.
+void HeadlessHost::StoreElementPosition(TAVUElement*) {
+    Trace.Write("StoreElementPosition", {});
+}
+
+void HeadlessHost::RestoreElementPosition(TAVUElement*) {
+    Trace.Write("RestoreElementPosition", {});
+}
+
+bool HeadlessHost::GetKeyName(unsigned key, char* output, size_t size) {
+    Trace.Write("GetKeyName", {TraceWriter::Int(key), TraceWriter::Int((long long)size)});
+    std::string name;
+    if (!KeyNames::NameOf(key, name) || !output || size == 0) return false;
+    CopyText(output, size, name);
+    return true;
+}
+
+void HeadlessHost::GetCurrentConsole(char* output, size_t size) {
+    Trace.Write("GetCurrentConsole", {TraceWriter::Int((long long)size)});
+    CopyText(output, size, ConsoleName);
+}
+
+void HeadlessHost::SelectConsole(const char* name) {
+    Trace.Write("SelectConsole", {TraceWriter::Text(name)});
+    if (name) ConsoleName = name;
+}
+
+// ---- HostRenderer: recorded and dropped ----
+
+bool HeadlessHost::FillRect(tagRECT* rect, unsigned color) {
+    Trace.Write("FillRect", {TraceWriter::Rect(rect), TraceWriter::Hex(color)});
+    return true;
+}
+
+bool HeadlessHost::TexturedRect(TAVUDrawRecord* record) {
+    Trace.Write("TexturedRect", {TraceWriter::Record(record)});
+    return true;
+}
+
+bool HeadlessHost::TexturedRects(unsigned count, TAVUDrawRecord* records) {
+    if (!Trace.IsOn()) return true;
+    std::string fields = TraceWriter::Int(count);
+    for (unsigned i = 0; i < count && records; ++i)
+        fields += " " + TraceWriter::Record(&records[i]);
+    Trace.Write("TexturedRects", {fields});
+    return true;
+}
+
+bool HeadlessHost::DrawLine(TAVUDrawRecord* record, unsigned width) {
+    Trace.Write("DrawLine", {TraceWriter::Record(record), TraceWriter::Int(width)});
+    return true;
+}
+
+unsigned HeadlessHost::AcquireFont(const char* name, int height, bool fixed, bool bold) {
+    unsigned font = NextFont++;
+    Fonts[font] = name ? name : "";
+    Trace.Write("AcquireFont",
+                {TraceWriter::Text(name), TraceWriter::Int(height), TraceWriter::Flag(fixed),
+                 TraceWriter::Flag(bold), "->", TraceWriter::Int(font)});
+    return font;
+}
+
+void HeadlessHost::ReleaseFont(unsigned font) {
+    Trace.Write("ReleaseFont", {TraceWriter::Int(font)});
+    Fonts.erase(font);
+}
+
+size_t HeadlessHost::DrawText(unsigned font, const char* text, tagRECT* rect, unsigned color,
+                              unsigned format) {
+    Trace.Write("DrawText",
+                {TraceWriter::Int(font), TraceWriter::Text(text), TraceWriter::Rect(rect),
+                 TraceWriter::Hex(color), TraceWriter::Hex(format)});
+    return text ? strlen(text) * TextAdvance : 0;
+}
+
+void HeadlessHost::MeasureText(unsigned font, const char* text, size_t* width) {
+    Trace.Write("MeasureText", {TraceWriter::Int(font), TraceWriter::Text(text)});
+    if (width) *width = text ? strlen(text) * TextAdvance : 0;
+}
+
+bool HeadlessHost::GetCharWidths(unsigned font, unsigned first, unsigned last, float* abc) {
+    Trace.Write("GetCharWidths",
+                {TraceWriter::Int(font), TraceWriter::Int(first), TraceWriter::Int(last)});
+    if (!abc) return false;
+    abc[0] = 0;
+    abc[1] = float(TextAdvance);
+    abc[2] = 0;
+    return true;
+}
+
+bool HeadlessHost::GetDisplaySize(uint64_t* width, uint64_t* height) {
+    Trace.Write("GetDisplaySize", {});
+    if (!width || !height) return false;
+    *width = Width;
+    *height = Height;
+    return true;
+}
+
+unsigned HeadlessHost::AcquireTexture(const char* file, unsigned colorKey) {
+    char path[TAVU_TEXTURE_PATH_BUFFER];
+    unsigned texture = 0;
+    if (file && (Readable(NativePath(file)) || FindFile(file, path, sizeof(path)))) {
+        Texture entry;
+        entry.File = Readable(NativePath(file)) ? NativePath(file) : std::string(path);
+        int32_t width = 0, height = 0;
+        entry.HasSize = ImageSize::Read(entry.File.c_str(), width, height);
+        entry.Size = _Point2i{width, height};
+        texture = NextTexture++;
+        Textures[texture] = entry;
+    }
+    Trace.Write("AcquireTexture", {TraceWriter::Text(file), TraceWriter::Hex(colorKey), "->",
+                                   TraceWriter::Int(texture)});
+    return texture;
+}
+
+bool HeadlessHost::GetTextureSize(unsigned texture, _Point2i& size) {
+    Trace.Write("GetTextureSize", {TraceWriter::Int(texture)});
+    auto found = Textures.find(texture);
+    if (found == Textures.end() || !found->second.HasSize) return false;
+    size = found->second.Size;
+    return true;
+}
+
+void HeadlessHost::ReleaseTexture(unsigned texture) {
+    Trace.Write("ReleaseTexture", {TraceWriter::Int(texture)});
+    Textures.erase(texture);
+}
+
+// ---- HostScriptInterface ----
+
+bool HeadlessHost::DataParse(const char* text, _RXTypeVar& result) {
+    Trace.Write("DataParse", {TraceWriter::Text(text)});
+    return Engine.DataParse(text, result);
+}
+
+RXTypeDefinition* HeadlessHost::FindType(const char* name, int reserved1, int reserved2) {
+    Trace.Write("FindType", {TraceWriter::Text(name), TraceWriter::Int(reserved1),
+                             TraceWriter::Int(reserved2)});
+    return Engine.FindType(name);
+}
+
+char* HeadlessHost::GetTempBuffer(unsigned size, const char* contents) {
+    Trace.Write("GetTempBuffer", {TraceWriter::Int(size), TraceWriter::Text(contents)});
+    return Engine.TempBuffer(size, contents);
+}
+
+unsigned HeadlessHost::CompileQuery(const char* query) {
+    unsigned compiled = Engine.CompileQuery(query);
+    Trace.Write("CompileQuery", {TraceWriter::Text(query), "->", TraceWriter::Int(compiled)});
+    return compiled;
+}
+
+bool HeadlessHost::EvaluateQuery(unsigned query, _RXTypeVar* object, bool* result) {
+    Trace.Write("EvaluateQuery", {TraceWriter::Int(query), Describe(object)});
+    return Engine.EvaluateQuery(query, object, result);
+}
+
+void HeadlessHost::FreeQuery(unsigned query) {
+    Trace.Write("FreeQuery", {TraceWriter::Int(query)});
+    Engine.FreeQuery(query);
+}

@@ -1,0 +1,35 @@
+// The command line of tavuhost:
+//   tavuhost [OPTIONS] [FILE.xml ...]
+// with --size WxH, --prefix TAG, --path DIR, -e CMD, --script FILE,
+// --frames N and --trace FILE (or - for standard output).
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class HostOptions {
+public:
+    // False on bad usage; Error() then says what was wrong.
+    bool Parse(int argc, char* argv[]);
+    const std::string& Error() const { return ErrorText; }
+    static const char* Usage();
+
+    uint64_t Width = 800;
+    uint64_t Height = 600;
+    std::string Prefix = "TAVU";
+    std::vector<std::string> Paths;
+    std::vector<std::string> Commands;
+    std::string Script;
+    unsigned Frames = 1;
+    std::string Trace;
+    std::vector<std::string> Files;
+    bool Help = false;
+
+private:
+    bool Fail(const std::string& message);
+    bool ParseSize(const std::string& text);
+    bool ParseFrames(const std::string& text);
+
+    std::string ErrorText;
+};

@@ -1,0 +1,162 @@
+#include "HostSession.h"
+
+#include "ManagerAccess.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+std::string FolderOf(const std::string& path) {
+    size_t separator = path.find_last_of("/\\");
+    return separator == std::string::npos ? "." : path.substr(0, separator);
+}
+
+// A script is named after its file: no folder, no extension.
+std::string ScriptNameOf(const std::string& path) {
+    size_t separator = path.find_last_of("/\\");
+    std::string name = separator == std::string::npos ? path : path.substr(separator + 1);
+    size_t dot = name.rfind('.');
+    return dot == std::string::npos || dot == 0 ? name : name.substr(0, dot);
+}
+
+bool ReadFile(const std::string& path, std::string& text) {
+    FILE* file = fopen(path.c_str(), "rb");
+    if (!file) return false;
+    char buffer[4096];
+    size_t count = 0;
+    while ((count = fread(buffer, 1, sizeof(buffer), file)) > 0)
+        text.append(buffer, count);
+    fclose(file);
+    return true;
+}
+
+void PrintLine(const std::string& line) {
+    fwrite(line.data(), 1, line.size(), stdout);
+    fputc('\n', stdout);
+    fflush(stdout);
+}
+
+} // namespace
+
+HostSession::HostSession(const HostOptions& options)
+    : Options(options), Host(Engine, Trace, Module),
+      Objects(Engine, Host.DisplayWidth(), Host.DisplayHeight()) {
+    Engine.SetConsole(PrintLine);
+    Host.SetDisplaySize(options.Width, options.Height);
+    for (const std::string& file : options.Files)
+        Host.AddSearchFolder(FolderOf(file));
+    for (const std::string& folder : options.Paths)
+        Host.AddSearchFolder(folder);
+}
+
+HostSession::~HostSession() {
+    if (Manager) ManagerAccess::Shutdown(Manager);
+}
+
+std::string HostSession::ModulePath() const {
+#if defined(_WIN32)
+    const char* fileName = "Tavukit.dll";
+#else
+    const char* fileName = "libtavukit.so";
+#endif
+    if (const char* chosen = getenv("TAVUKIT_MODULE")) return chosen;
+    char self[1024] = {0};
+    GetModuleFileNameA(nullptr, self, sizeof(self));
+    std::string folder = FolderOf(self);
+    // Next to the program first (Windows puts the DLL there), then the
+    // build's library folder beside it.
+    std::string beside = folder + "/" + fileName;
+    if (FILE* file = fopen(beside.c_str(), "rb")) {
+        fclose(file);
+        return beside;
+    }
+    return folder + "/../lib/" + fileName;
+}
+
+bool HostSession::LoadModule() {
+    std::string path = ModulePath();
+    if (!Module.Load(path.c_str())) {
+        fprintf(stderr, "tavuhost: %s\n", Module.Error());
+        return false;
+    }
+    if (Module.CanDriveClock())
+        Module.DriveClock(StartTick);
+    else
+        fprintf(stderr,
+                "tavuhost: the module has no clock controls; timing follows the real clock\n");
+    Manager = Module.Enter(&Host);
+    if (!Manager) {
+        fprintf(stderr, "tavuhost: the module's F1 gave no manager\n");
+        return false;
+    }
+    ManagerAccess::SetPrefix(Manager, Options.Prefix.c_str());
+    ManagerAccess::Initialize(Manager);
+    return true;
+}
+
+bool HostSession::LoadFiles() {
+    bool loaded = true;
+    for (const std::string& file : Options.Files)
+        if (!Module.LoadInterfaceXML(file.c_str())) {
+            Engine.Print("Could not load interface file '" + file + "'");
+            loaded = false;
+        }
+    return loaded;
+}
+
+void HostSession::RunCommands() {
+    for (const std::string& command : Options.Commands) {
+        if (Engine.ExitRequested()) return;
+        Engine.ClearTemporaries();
+        Engine.ExecuteCommand(command.c_str());
+    }
+}
+
+bool HostSession::RunScript() {
+    std::string text;
+    if (!ReadFile(Options.Script, text)) {
+        Engine.Print("Could not read script file '" + Options.Script + "'");
+        return false;
+    }
+    ScriptInstance* script = Engine.LoadScript(ScriptNameOf(Options.Script), text);
+    if (!script) return false;
+    for (unsigned frames = 0;; ++frames) {
+        uint32_t milliseconds = 0;
+        Engine.ClearTemporaries();
+        ScriptEngine::ScriptState state = Engine.Resume(*script, milliseconds);
+        if (state == ScriptEngine::ScriptState::Ended) return true;
+        if (frames >= MaxScriptFrames) {
+            Engine.Print("Script '" + script->GetName() + "' stopped: still waiting after " +
+                         std::to_string(MaxScriptFrames) + " frames");
+            return true;
+        }
+        if (state == ScriptEngine::ScriptState::WaitTime)
+            Host.Wait(milliseconds);
+        else
+            Host.Frame();
+    }
+}
+
+int HostSession::Run() {
+    if (!Options.Trace.empty() && !Trace.Open(Options.Trace)) {
+        fprintf(stderr, "tavuhost: cannot write the trace file '%s'\n", Options.Trace.c_str());
+        return 2;
+    }
+    if (!LoadModule()) return 1;
+    if (!Options.Files.empty() && !Module.CanLoadInterfaces()) {
+        fprintf(stderr, "tavuhost: this Tavukit module cannot load interface files yet "
+                        "(it exports no CUIManager::LoadInterfaceXML)\n");
+        return 1;
+    }
+    bool failed = !LoadFiles();
+    Host.Frame();
+    RunCommands();
+    if (!Options.Script.empty() && !Engine.ExitRequested() && !RunScript()) failed = true;
+    for (unsigned frame = 0; frame < Options.Frames && !Engine.ExitRequested(); ++frame)
+        Host.Frame();
+    ManagerAccess::Shutdown(Manager);
+    Manager = nullptr;
+    int status = Engine.ExitRequested() ? Engine.ExitCode() : 0;
+    return failed && status == 0 ? 1 : status;
+}

@@ -1,0 +1,45 @@
+// One run of tavuhost: load the module, hand it the host, load the interface
+// files, render the first frame, run the -e commands and the script, render
+// the closing frames, and shut down. The clock is driven, so the same input
+// gives the same output byte for byte.
+#pragma once
+
+#include "HeadlessHost.h"
+#include "HostObjects.h"
+#include "HostOptions.h"
+#include "ScriptEngine.h"
+#include "TavukitModule.h"
+#include "TraceWriter.h"
+
+#include <memory>
+#include <string>
+
+class HostSession {
+public:
+    // The tick at which every run starts.
+    enum : unsigned { StartTick = 100000 };
+    // A script that is still waiting after this many frames is stopped.
+    enum : unsigned { MaxScriptFrames = 100000 };
+
+    explicit HostSession(const HostOptions& options);
+    ~HostSession();
+
+    // The exit status: 0, 1 when a file failed to load or the script chose
+    // it, or the code of "exit".
+    int Run();
+
+private:
+    bool LoadModule();
+    bool LoadFiles();
+    void RunCommands();
+    bool RunScript();
+    std::string ModulePath() const;
+
+    const HostOptions& Options;
+    ScriptEngine Engine;
+    TraceWriter Trace;
+    TavukitModule Module;
+    HeadlessHost Host;
+    HostObjects Objects;
+    CUIManager* Manager = nullptr;
+};

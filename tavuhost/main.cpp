@@ -1,0 +1,21 @@
+// tavuhost: the reference host of Tavukit. It loads the module at run time,
+// enters it through F1 like any third-party host, and runs interface files
+// and scripts headless. See docs/scripting.md for the script language.
+#include "HostOptions.h"
+#include "HostSession.h"
+
+#include <cstdio>
+
+int main(int argc, char* argv[]) {
+    HostOptions options;
+    if (!options.Parse(argc, argv)) {
+        fprintf(stderr, "tavuhost: %s\n%s", options.Error().c_str(), HostOptions::Usage());
+        return 2;
+    }
+    if (options.Help) {
+        fputs(HostOptions::Usage(), stdout);
+        return 0;
+    }
+    HostSession session(options);
+    return session.Run();
+}
