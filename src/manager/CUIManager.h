@@ -54,6 +54,17 @@ public:
     TAVUElement* GetMouseOverElement();
     TAVUElement* SetMouseOverElement();
 
+    // Raw input from the host. Each answers whether the toolkit took the event,
+    // so that the host knows whether to pass it on to its own application.
+    bool OnMouseMove(_Point2i& point);
+    bool OnLMouseDown();
+    bool OnLMouseUp();
+    bool OnRMouseDown();
+    bool OnRMouseUp();
+    bool OnMouseWheel(int offset);
+    bool OnKeyDown(unsigned key);
+    bool OnKeyUp(unsigned key);
+
     // Thin forwards to the host's renderer. Nothing is given back after Shutdown.
     bool GetTextureSize(unsigned handle, _Point2i& size);
     unsigned AcquireFont(const char* name, int height, bool fixed, bool bold);
@@ -114,6 +125,13 @@ public:
     std::map<unsigned, MetadataMap*> Metadata;
 
 private:
+    struct ButtonFields; // one mouse button's part of the input state
+    ButtonFields LeftButton();
+    ButtonFields RightButton();
+    bool PressButton(ButtonFields& button);
+    bool ReleaseButton(ButtonFields& button);
+    void RaiseTopLevelAncestor(TAVUElement* element);
+    void SetModifier(unsigned key, bool down);
     void RegisterScriptTypes();
     void RemoveScriptTypes();
     void RegisterScriptAccess();

@@ -1,0 +1,230 @@
+#include "TAVUEmbeddedScript.h"
+#include "TAVUScreen.h"
+#include "ToolkitTest.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+class Input : public ToolkitTest {
+protected:
+    TAVUElement* Box(const char* name, int x, int y, int w, int h, TAVUElement* parent = nullptr) {
+        TAVUElement* element = MakeElement(name, parent);
+        element->X = x;
+        element->Y = y;
+        element->Width = w;
+        element->Height = h;
+        return element;
+    }
+    void On(TAVUEmbeddedScript*& field, TAVUElement* element, const char* source,
+            const char* arguments = "int X, int Y") {
+        field = TAVUEmbeddedScript::New(element, source, arguments);
+    }
+    // The sources of the atoms that ran, in order, without the atom frame.
+    std::vector<std::string> Ran() {
+        std::vector<std::string> ran;
+        for (const auto& run : Host.AtomRuns) {
+            std::string source = run.Source;
+            size_t open = source.find("{\n"), close = source.rfind("\n}");
+            ran.push_back(source.substr(open + 2, close - open - 2));
+        }
+        return ran;
+    }
+    bool MoveTo(int x, int y) {
+        _Point2i point{x, y};
+        return g_UIManager.OnMouseMove(point);
+    }
+};
+
+TEST_F(Input, AClickRunsDownThenClickAndIsTakenBothWays) {
+    TAVUElement* button = Box("Button", 10, 10, 50, 20);
+    On(button->OnLeftDown, button, "down");
+    On(button->OnLeftClick, button, "click");
+    g_UIManager.Render();
+    MoveTo(20, 15);
+    EXPECT_TRUE(g_UIManager.OnLMouseDown());
+    EXPECT_EQ(g_UIManager.LeftPressedElementID, button->ID);
+    EXPECT_EQ(g_UIManager.LeftButtonState, 2);
+    EXPECT_TRUE(g_UIManager.OnLMouseUp());
+    EXPECT_EQ(Ran(), (std::vector<std::string>{"down", "click"}));
+    EXPECT_EQ(Host.AtomRuns[1].Args, (std::vector<std::string>{"20", "15"}));
+    EXPECT_FALSE(g_UIManager.OnLMouseUp()); // nothing is down any more
+}
+
+TEST_F(Input, APressNobodyTakesFallsThroughAndItsReleaseToo) {
+    Box("Plain", 0, 0, 100, 100);
+    g_UIManager.Render();
+    MoveTo(5, 5);
+    EXPECT_FALSE(g_UIManager.OnLMouseDown());
+    EXPECT_EQ(g_UIManager.LeftButtonState, 1);
+    EXPECT_FALSE(g_UIManager.OnLMouseUp());
+}
+
+TEST_F(Input, DoubleClickWithinTimeAndDistanceReplacesTheSecondDown) {
+    TAVUElement* icon = Box("Icon", 0, 0, 100, 100);
+    On(icon->OnLeftDown, icon, "down");
+    On(icon->OnDoubleLeftClick, icon, "double");
+    g_UIManager.Render();
+    MoveTo(50, 50);
+    g_UIManager.OnLMouseDown();
+    g_UIManager.OnLMouseUp();
+    TavuAdvanceClock(200);
+    MoveTo(58, 57); // 8 and 7 pixels: 113, below 125
+    EXPECT_TRUE(g_UIManager.OnLMouseDown());
+    g_UIManager.OnLMouseUp();
+    TavuAdvanceClock(100);
+    g_UIManager.OnLMouseDown(); // a third press: no new double click
+    EXPECT_EQ(Ran(), (std::vector<std::string>{"down", "double", "down"}));
+    g_UIManager.OnLMouseUp();
+    TavuAdvanceClock(250); // too late for the fourth
+    g_UIManager.OnLMouseDown();
+    EXPECT_EQ(Ran().back(), "down");
+    g_UIManager.OnLMouseUp();
+    TavuAdvanceClock(10);
+    MoveTo(70, 50); // too far
+    g_UIManager.OnLMouseDown();
+    EXPECT_EQ(Ran().back(), "down");
+}
+
+TEST_F(Input, ClickThroughSkipsPressAndReleaseButNotTheDoubleClick) {
+    TAVUElement* under = Box("Under", 0, 0, 100, 100);
+    TAVUElement* glass = Box("Glass", 0, 0, 100, 100);
+    glass->LeftClickThru = true;
+    On(glass->OnLeftClick, glass, "glass click");
+    On(glass->OnDoubleLeftClick, glass, "glass double");
+    On(under->OnLeftClick, under, "under click");
+    g_UIManager.Render();
+    MoveTo(10, 10);
+    EXPECT_TRUE(g_UIManager.OnLMouseDown()); // taken by the element behind
+    EXPECT_EQ(g_UIManager.LeftPressedElementID, under->ID);
+    EXPECT_TRUE(g_UIManager.OnLMouseUp());
+    EXPECT_EQ(Ran(), (std::vector<std::string>{"under click"}));
+    g_UIManager.LeftClickElementID = glass->ID; // as if the glass had taken the last press
+    EXPECT_TRUE(g_UIManager.OnLMouseDown());
+    EXPECT_EQ(Ran().back(), "glass double");
+}
+
+TEST_F(Input, ADragEndingElsewhereReleasesOnThePressedElementFirst) {
+    TAVUElement* handle = Box("Handle", 0, 0, 20, 20);
+    TAVUElement* target = Box("Target", 100, 100, 20, 20);
+    On(handle->OnLeftDown, handle, "grab");
+    On(handle->OnMouseMoveScript, handle, "drag");
+    On(target->OnLeftClick, target, "target click");
+    g_UIManager.Render();
+    MoveTo(5, 5);
+    g_UIManager.OnLMouseDown();
+    EXPECT_TRUE(MoveTo(110, 110)); // the pressed element keeps the mouse
+    EXPECT_EQ(Ran().back(), "drag");
+    EXPECT_TRUE(g_UIManager.OnLMouseUp()); // the handle has no click: the target behind does
+    EXPECT_EQ(Ran().back(), "target click");
+}
+
+TEST_F(Input, APressRaisesTheTopLevelAncestorUnlessSomethingMovedInZ) {
+    TAVUElement* back = Box("Back", 0, 0, 100, 100);
+    TAVUElement* button = Box("Button", 0, 0, 50, 50, back);
+    Box("Front", 200, 0, 100, 100);
+    On(button->OnLeftClick, button, "click");
+    g_UIManager.Render();
+    MoveTo(10, 10);
+    EXPECT_TRUE(g_UIManager.OnLMouseDown());
+    EXPECT_EQ(g_UIManager.Screen->LastChild, back);
+}
+
+TEST_F(Input, AnElementThatDeletesItselfWhenPressedLeavesNoDanglingPress) {
+    TAVUElement* bomb = Box("Bomb", 0, 0, 50, 50);
+    On(bomb->OnLeftDown, bomb, "explode");
+    Host.OnExecuteAtom = [&](const FakeHost::AtomRun&) {
+        g_UIManager.Screen->DeleteChild(bomb);
+        return 0;
+    };
+    g_UIManager.Render();
+    MoveTo(10, 10);
+    EXPECT_TRUE(g_UIManager.OnLMouseDown());
+    Host.OnExecuteAtom = nullptr;
+    EXPECT_TRUE(g_UIManager.OnLMouseUp()); // taken, though nobody is left to hear it
+    EXPECT_EQ(g_UIManager.LeftPressedElementID, 0u);
+    g_UIManager.Render();
+}
+
+TEST_F(Input, APressOnTheBareScreenFocusesAndFallsThrough) {
+    TAVUElement* field = Box("Field", 0, 0, 50, 50);
+    g_UIManager.SetFocusElement(field);
+    g_UIManager.Render();
+    MoveTo(400, 400);
+    EXPECT_FALSE(g_UIManager.OnLMouseDown());
+    EXPECT_EQ(g_UIManager.FocusElementID, g_UIManager.Screen->ID);
+}
+
+TEST_F(Input, MovesToTheSamePlaceAreIgnored) {
+    g_UIManager.Render();
+    MoveTo(10, 10);
+    unsigned last = g_UIManager.LastInputTime;
+    TavuAdvanceClock(500);
+    EXPECT_FALSE(MoveTo(10, 10));
+    EXPECT_EQ(g_UIManager.LastInputTime, last); // the tooltip timer keeps running
+}
+
+TEST_F(Input, WheelWalksBehindUntilSomeoneTakesIt) {
+    TAVUElement* list = Box("List", 0, 0, 100, 100);
+    Box("Label", 0, 0, 100, 20, list);
+    On(list->OnMouseWheelScript, list, "wheel", "int Offset");
+    g_UIManager.Render();
+    MoveTo(10, 10);
+    EXPECT_TRUE(g_UIManager.OnMouseWheel(-120));
+    EXPECT_EQ(Host.AtomRuns.back().Args, (std::vector<std::string>{"-120"}));
+    MoveTo(300, 300);
+    EXPECT_FALSE(g_UIManager.OnMouseWheel(120));
+}
+
+TEST_F(Input, KeysGoToTheFocusAndClimbAndTheirUpFollowsTheDown) {
+    TAVUElement* panel = Box("Panel", 0, 0, 100, 100);
+    TAVUElement* field = Box("Field", 0, 0, 50, 20, panel);
+    On(panel->OnKeyDownScript, panel, "panel key", "string Key");
+    Host.KeyNames[13] = "Enter";
+    Host.KeyNames[27] = "Esc";
+    g_UIManager.SetFocusElement(field);
+    EXPECT_TRUE(g_UIManager.OnKeyDown(13)); // the field has no script: its parent takes it
+    EXPECT_EQ(Host.AtomRuns.back().Args, (std::vector<std::string>{"Enter"}));
+    EXPECT_EQ(g_UIManager.KeyState[13], 0x82);
+    On(field->OnKeyUpScript, field, "field up", "string Key");
+    EXPECT_TRUE(g_UIManager.OnKeyUp(13));
+    EXPECT_EQ(g_UIManager.KeyState[13], 0);
+    Host.KeyNames.erase(13);
+    // Nobody takes this down; the up is not taken either, though the field hears it.
+    g_UIManager.SetFocusElement(nullptr);
+    EXPECT_FALSE(g_UIManager.OnKeyDown(27));
+    g_UIManager.SetFocusElement(field);
+    EXPECT_FALSE(g_UIManager.OnKeyUp(27));
+    EXPECT_EQ(Ran().back(), "field up");
+    EXPECT_TRUE(g_UIManager.KeyStates.count(0x1000) == 0);
+    EXPECT_FALSE(g_UIManager.OnKeyDown(0x1000)); // extra buttons above 255: KeyStates only
+    EXPECT_EQ(g_UIManager.KeyStates[0x1000], 0x80);
+}
+
+TEST_F(Input, LeftAndRightModifiersShareOneState) {
+    g_UIManager.OnKeyDown(160); // left Shift
+    EXPECT_TRUE(g_UIManager.Shift);
+    EXPECT_EQ(g_UIManager.KeyState[16], 0x80);
+    EXPECT_EQ(g_UIManager.KeyState[160], 0x80);
+    g_UIManager.OnKeyUp(161); // right Shift released: the shared state goes
+    EXPECT_FALSE(g_UIManager.Shift);
+    EXPECT_EQ(g_UIManager.KeyState[16], 0);
+    EXPECT_EQ(g_UIManager.KeyState[160], 0x80);
+    g_UIManager.OnKeyDown(162);
+    EXPECT_TRUE(g_UIManager.Control);
+    g_UIManager.OnKeyDown(18);
+    EXPECT_TRUE(g_UIManager.Alt);
+    EXPECT_EQ(g_UIManager.KeyStates[18], 0x80);
+}
+
+#if !defined(_WIN32)
+TEST_F(Input, LockTogglesAreCopiedForCharacterTranslation) {
+    TavuSetKeyState(20, 1);
+    g_UIManager.OnKeyDown(65);
+    EXPECT_EQ(g_UIManager.KeyState[20], 1);
+    TavuSetKeyState(20, 0);
+    g_UIManager.OnKeyDown(20);
+    EXPECT_EQ(g_UIManager.KeyState[20], 0); // the whole byte: the down bit is not kept
+}
+#endif
