@@ -7,6 +7,7 @@
 #pragma once
 
 #include "ElementPosition.h"
+#include "Line.h"
 #include "Platform.h"
 #include "Point2i.h"
 #include "TavuExport.h"
@@ -114,6 +115,17 @@ public:
     float GetCurrentAlpha();
     void SetAbsolutePosition(_Point2i& position);
 
+    // Drawing primitives. They take screen coordinates (a control adds
+    // AbsolutePosition itself) and draw with CurrentAlpha applied.
+    bool FillRect(tagRECT& rect, unsigned color);
+    bool FillRectBordered(tagRECT& rect, unsigned color, unsigned borderWidth,
+                          unsigned borderColor);
+    bool DrawBorder(tagRECT& rect, unsigned width, unsigned color);
+    bool DrawLine(_Line& line, unsigned color, unsigned width);
+    bool DrawLines(_Line* lines, unsigned count, unsigned color, unsigned width);
+    // A colour with its alpha byte scaled by CurrentAlpha, capped at 255.
+    unsigned AdjustColorAlpha(unsigned color);
+
     // Text with colour codes: the count of characters that are not code, and a
     // copy without the codes (out holds at least as many bytes as text).
     static size_t ColorStrlen(const char* text);
@@ -183,6 +195,8 @@ private:
     TAVUElement& operator=(const TAVUElement&) = delete;
 
     void ComposeFullName();
+    bool IsOffScreen(const tagRECT& rect);
+    bool FillBorderStrips(const tagRECT& rect, unsigned width, unsigned color);
     void Unlink();
     void LinkAbove(TAVUElement* below);
     void SwapWithNext();
