@@ -57,6 +57,8 @@ CUIManager::CUIManager() {
 
 CUIManager::~CUIManager() {
     Shutdown();
+    ClearTemplates(); // also those of a manager that never had a host
+    ClearSkins();
     for (auto& entry : Metadata)
         delete entry.second;
     Metadata.clear();
@@ -295,14 +297,4 @@ void CUIManager::ClearMetadata(TAVUElement* element) {
     if (found == Metadata.end()) return;
     delete found->second;
     Metadata.erase(found);
-}
-
-XMLNode* CUIManager::FindTemplate(const char* name) {
-    if (!name) return nullptr;
-    auto found = Templates.find(utf8stringnocase(name));
-    return found == Templates.end() ? nullptr : found->second;
-}
-
-void CUIManager::ClearTemplates() {
-    Templates.clear();
 }

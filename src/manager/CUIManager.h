@@ -78,9 +78,20 @@ public:
     bool UnsetMetadata(unsigned id, const char* key);
     void ClearMetadata(TAVUElement* element);
 
-    // Templates (owned XML nodes), by name.
+    // Templates (owned XML nodes, each tagged "Template"), by name. Adding one
+    // merges its chain of bases into one stored tree and replaces a template
+    // of the same name. Lookups go through the current skin.
+    XMLNode* AddTemplate(const char* name, XMLNode* node);
+    XMLNode* AddTemplate(const char* name, const char* xmlText);
     XMLNode* FindTemplate(const char* name);
+    void RemoveTemplate(const char* name);
     void ClearTemplates();
+
+    // Skins (owned), by name. A new skin replaces one of the same name.
+    TAVUSkin* NewSkin(const char* name);
+    TAVUSkin* FindSkin(const char* name);
+    void RemoveSkin(const char* name);
+    void ClearSkins();
 
     unsigned FocusElementID = 0;
     unsigned MouseOverElementID = 0;
@@ -125,6 +136,8 @@ public:
     std::map<unsigned, MetadataMap*> Metadata;
 
 private:
+    // Takes a template out of the registry without deleting it.
+    XMLNode* TakeTemplate(const char* name);
     struct ButtonFields; // one mouse button's part of the input state
     ButtonFields LeftButton();
     ButtonFields RightButton();
