@@ -1,0 +1,375 @@
+#include "PathHelpers.h"
+#include "StringHelpers.h"
+#include "TAVUSkin.h"
+#include "TAVUTexture.h"
+#include "ToolkitTest.h"
+#include "XMLNode.h"
+#include "XMLParser.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+// A path under the test data, written with the system's own separators.
+std::string DataPath(const char* relative) {
+    std::string path = std::string(TAVU_TEST_DATA_DIR) + "/resources/" + relative;
+#if defined(_WIN32)
+    for (char& c : path)
+        if (c == '/') c = '\\';
+#endif
+    return path;
+}
+
+// A parsed document that lives for one test; Node() is its first element.
+class Document {
+public:
+    explicit Document(const char* text) { EXPECT_TRUE(Parser.ParseBuffer(text, 0)) << text; }
+    XMLNode* Node() { return Parser.Root ? Parser.Root->FirstChild : nullptr; }
+
+private:
+    XMLParser Parser;
+};
+
+// A texture that is deleted at the end of the test.
+struct TextureHolder {
+    TAVUTexture* Texture;
+    TAVUTexture* operator->() { return Texture; }
+    ~TextureHolder() { TAVUTexture::Delete(Texture); }
+};
+} // namespace
+
+class Texture : public ToolkitTest {
+protected:
+    TextureHolder Read(const char* xml, const char* templateXml = nullptr) {
+        Document node(xml);
+        TAVUTexture* texture = TAVUTexture::New("image.png");
+        if (templateXml) {
+            Document templateNode(templateXml);
+            texture->FromXML(node.Node(), templateNode.Node());
+        } else {
+            texture->FromXML(node.Node());
+        }
+        return {texture};
+    }
+
+    size_t CallsWith(const char* name, const std::string& firstArgument) {
+        size_t count = 0;
+        for (const auto& call : Host.CallsNamed(name))
+            count += !call.Args.empty() && call.Args[0] == firstArgument;
+        return count;
+    }
+};
+
+TEST_F(Texture, ANewTextureHasItsDefaults) {
+    TextureHolder texture{TAVUTexture::New("a.png")};
+    ASSERT_NE(texture.Texture, nullptr);
+    EXPECT_STREQ(texture->Filename, "a.png");
+    EXPECT_EQ(texture->Texture, 0u);
+    EXPECT_EQ(texture->Flags, 0u);
+    EXPECT_EQ(texture->ColorKey, 0u);
+    EXPECT_FLOAT_EQ(texture->Alpha, 1.0f);
+    EXPECT_EQ(texture->ColorMask, 0u);
+    EXPECT_EQ(texture->Border, 0u);
+    EXPECT_EQ(texture->Orientation, 0);
+    EXPECT_EQ(texture->Left + texture->Top + texture->Right + texture->Bottom, 0);
+    EXPECT_EQ(Host.Count("AcquireTexture"), 0u); // prepared only when drawn
+}
+
+TEST_F(Texture, EveryKeyOfTheNodeIsRead) {
+    TextureHolder texture = Read(R"(<Background ColorKey="FFFF00FF">
+        <left>1</left><top>2</top><right>30</right><bottom>40</bottom>
+        <Triangle X1="1.5" Y1="2" X2="3" Y2="4" X3="5" Y3="6.25"/>
+        <Border>4</Border><Orientation>258</Orientation>
+        <Alpha>0.5</Alpha><ColorMask>80FF0000</ColorMask>
+    </Background>)");
+    EXPECT_EQ(texture->Flags, unsigned(TAVUTexture::HasRect | TAVUTexture::HasAlpha |
+                                       TAVUTexture::HasColorMask | TAVUTexture::HasTriangle));
+    EXPECT_EQ(texture->Left, 1);
+    EXPECT_EQ(texture->Top, 2);
+    EXPECT_EQ(texture->Right, 30);
+    EXPECT_EQ(texture->Bottom, 40);
+    EXPECT_FLOAT_EQ(texture->X1, 1.5f);
+    EXPECT_FLOAT_EQ(texture->Y3, 6.25f);
+    EXPECT_EQ(texture->Border, 4u);
+    EXPECT_EQ(texture->Orientation, 2); // the low byte
+    EXPECT_FLOAT_EQ(texture->Alpha, 0.5f);
+    EXPECT_EQ(texture->ColorMask, 0x80FF0000u);
+    EXPECT_EQ(texture->ColorKey, 0xFFFF00FFu);
+}
+
+TEST_F(Texture, ZeroSidesAlphaAndMaskFollowTheirOwnPresenceRules) {
+    TextureHolder zeros = Read("<T><left>0</left><top>0</top></T>");
+    EXPECT_EQ(zeros->Flags, 0u); // zero sides count as absent
+
+    TextureHolder oneSide = Read("<T><bottom>5</bottom></T>");
+    EXPECT_EQ(oneSide->Flags, unsigned(TAVUTexture::HasRect));
+
+    TextureHolder zeroAlpha = Read("<T><Alpha>0</Alpha></T>");
+    EXPECT_EQ(zeroAlpha->Flags, unsigned(TAVUTexture::HasAlpha));
+    EXPECT_FLOAT_EQ(zeroAlpha->Alpha, 0.0f);
+
+    TextureHolder emptyAlpha = Read("<T><Alpha/></T>");
+    EXPECT_EQ(emptyAlpha->Flags, unsigned(TAVUTexture::HasAlpha));
+    EXPECT_FLOAT_EQ(emptyAlpha->Alpha, 0.0f);
+
+    TextureHolder noAlpha = Read("<T/>");
+    EXPECT_FLOAT_EQ(noAlpha->Alpha, 1.0f);
+    EXPECT_EQ(noAlpha->Flags, 0u);
+}
+
+TEST_F(Texture, TheTemplateGivesDefaultsAndTheNodeWins) {
+    const char* templateXml = R"(<Template ColorKey="FF000000">
+        <left>3</left><right>9</right><Border>2</Border><Orientation>1</Orientation>
+        <Alpha>0.25</Alpha><ColorMask>FF00FF00</ColorMask>
+        <Triangle X1="7"/>
+    </Template>)";
+    TextureHolder inherited = Read("<T/>", templateXml);
+    EXPECT_EQ(inherited->Left, 3);
+    EXPECT_EQ(inherited->Right, 9);
+    EXPECT_EQ(inherited->Border, 2u);
+    EXPECT_EQ(inherited->Orientation, 1);
+    EXPECT_FLOAT_EQ(inherited->Alpha, 0.25f);
+    EXPECT_EQ(inherited->ColorMask, 0xFF00FF00u);
+    EXPECT_FLOAT_EQ(inherited->X1, 7.0f);
+    EXPECT_EQ(inherited->ColorKey, 0xFF000000u);
+    EXPECT_EQ(inherited->Flags, 23u);
+
+    TextureHolder overridden = Read(R"(<T ColorKey=""><left>4</left><Alpha>0.75</Alpha>
+        <Triangle X2="8"/></T>)",
+                                    templateXml);
+    EXPECT_EQ(overridden->Left, 4);
+    EXPECT_EQ(overridden->Right, 9);
+    EXPECT_FLOAT_EQ(overridden->Alpha, 0.75f);
+    EXPECT_FLOAT_EQ(overridden->X1, 0.0f); // the node's triangle replaces the template's whole
+    EXPECT_FLOAT_EQ(overridden->X2, 8.0f);
+    EXPECT_EQ(overridden->ColorKey, 0xFF000000u); // an empty attribute falls to the template's
+}
+
+TEST_F(Texture, TheColourMaskAttributeWinsButMasksToZeroFromATemplate) {
+    TextureHolder onNode = Read(R"(<T ColorMask="FF112233"><ColorMask>FF445566</ColorMask></T>)");
+    EXPECT_EQ(onNode->ColorMask, 0xFF112233u);
+    EXPECT_EQ(onNode->Flags, unsigned(TAVUTexture::HasColorMask));
+
+    TextureHolder onTemplate =
+        Read(R"(<T><ColorMask>FF445566</ColorMask></T>)", R"(<Template ColorMask="FF112233"/>)");
+    EXPECT_EQ(onTemplate->ColorMask, 0u);
+    EXPECT_EQ(onTemplate->Flags, unsigned(TAVUTexture::HasColorMask));
+
+    TextureHolder childOnTemplate =
+        Read("<T/>", "<Template><ColorMask>FF445566</ColorMask></Template>");
+    EXPECT_EQ(childOnTemplate->ColorMask, 0xFF445566u);
+}
+
+TEST_F(Texture, WithoutATemplateTheNodesOwnTemplateIsFoundThroughTheSkin) {
+    g_UIManager.AddTemplate("plain", "<Template><Border>1</Border></Template>");
+    g_UIManager.AddTemplate("night", "<Template><Border>7</Border></Template>");
+    TextureHolder plain = Read(R"(<T Template="Plain"/>)");
+    EXPECT_EQ(plain->Border, 1u);
+    TAVUSkin* skin = g_UIManager.NewSkin("Night");
+    skin->AddTemplate("plain", "night");
+    g_UIManager.CurrentSkin = skin;
+    TextureHolder skinned = Read(R"(<T Template="plain"/>)");
+    EXPECT_EQ(skinned->Border, 7u);
+}
+
+TEST_F(Texture, PreparingAndSizingGoThroughTheHostOnlyWhenNeeded) {
+    Host.TextureSizes["sheet.png"] = {128, 32};
+    TextureHolder texture{TAVUTexture::New("sheet.png")};
+    EXPECT_FALSE(texture->GetSize()); // not prepared, and GetSize does not prepare
+    EXPECT_EQ(Host.Count("AcquireTexture"), 0u);
+    ASSERT_TRUE(texture->Prepare());
+    ASSERT_TRUE(texture->Prepare());
+    EXPECT_EQ(Host.Count("AcquireTexture"), 1u);
+    texture->Left = 3;
+    ASSERT_TRUE(texture->GetSize());
+    EXPECT_EQ(texture->Right, 128);
+    EXPECT_EQ(texture->Bottom, 32);
+    EXPECT_EQ(texture->Left, 3);
+    EXPECT_TRUE(texture->Flags & TAVUTexture::HasRect);
+
+    TextureHolder cut = Read("<T><right>16</right><bottom>8</bottom></T>");
+    Host.ClearRecords();
+    EXPECT_TRUE(cut->GetSize());
+    EXPECT_EQ(Host.Count("GetTextureSize"), 0u);
+    EXPECT_EQ(cut->Right, 16);
+    EXPECT_EQ(cut->Bottom, 8);
+
+    Host.MissingTextures.insert("gone.png");
+    TextureHolder missing{TAVUTexture::New("gone.png")};
+    EXPECT_FALSE(missing->Prepare());
+    EXPECT_FALSE(missing->Prepare()); // tried again on the next draw
+    EXPECT_EQ(CallsWith("AcquireTexture", "\"gone.png\""), 2u);
+}
+
+TEST_F(Texture, ACopyStartsUnpreparedAndPreparesItsSource) {
+    TextureHolder source = Read(R"(<T ColorKey="FF00FF00"><left>1</left><Alpha>0.5</Alpha>
+        <Border>3</Border><Orientation>2</Orientation><Triangle Y2="4"/></T>)");
+    TextureHolder copy{TAVUTexture::New(*source.Texture)};
+    ASSERT_NE(copy.Texture, nullptr);
+    EXPECT_EQ(copy->Texture, 0u);
+    EXPECT_NE(source->Texture, 0u);
+    EXPECT_EQ(Host.Count("AcquireTexture"), 1u);
+    EXPECT_NE(copy->Filename, source->Filename);
+    EXPECT_STREQ(copy->Filename, "image.png");
+    EXPECT_EQ(copy->Flags, source->Flags);
+    EXPECT_EQ(copy->ColorKey, 0xFF00FF00u);
+    EXPECT_EQ(copy->Left, 1);
+    EXPECT_FLOAT_EQ(copy->Alpha, 0.5f);
+    EXPECT_FLOAT_EQ(copy->Y2, 4.0f);
+    EXPECT_EQ(copy->Border, 3u);
+    EXPECT_EQ(copy->Orientation, 2);
+}
+
+TEST_F(Texture, SetAndSetFromGiveTheOldHandleBackOnce) {
+    TextureHolder texture = Read("<T><Border>5</Border></T>");
+    ASSERT_TRUE(texture->Prepare());
+    unsigned first = texture->Texture;
+    texture->Set("other.png", 0xFF123456);
+    EXPECT_EQ(texture->Texture, 0u);
+    EXPECT_STREQ(texture->Filename, "other.png");
+    EXPECT_EQ(texture->ColorKey, 0xFF123456u);
+    EXPECT_EQ(texture->Border, 5u); // the other fields stay
+    EXPECT_EQ(CallsWith("ReleaseTexture", std::to_string(first)), 1u);
+    texture->Set(nullptr, 0);
+    EXPECT_STREQ(texture->Filename, "");
+
+    TextureHolder model = Read("<T><Border>9</Border></T>");
+    ASSERT_TRUE(texture->Prepare());
+    unsigned second = texture->Texture;
+    texture->SetFrom(*model.Texture);
+    EXPECT_EQ(CallsWith("ReleaseTexture", std::to_string(second)), 1u);
+    EXPECT_EQ(texture->Border, 9u);
+    EXPECT_STREQ(texture->Filename, "image.png");
+    EXPECT_NE(model->Texture, 0u);
+
+    texture->SetFrom(*texture.Texture); // from itself: the name survives
+    EXPECT_STREQ(texture->Filename, "image.png");
+    EXPECT_NE(texture->Texture, 0u);
+}
+
+TEST_F(Texture, DeletionReleasesOnceAndNothingReachesTheHostAfterShutdown) {
+    TAVUTexture* texture = TAVUTexture::New("a.png");
+    ASSERT_TRUE(texture->Prepare());
+    unsigned handle = texture->Texture;
+    TAVUTexture::Delete(texture);
+    EXPECT_EQ(CallsWith("ReleaseTexture", std::to_string(handle)), 1u);
+    EXPECT_TRUE(Host.LiveTextures.empty());
+    TAVUTexture::Delete(nullptr);
+
+    TAVUTexture* unprepared = TAVUTexture::New("b.png");
+    unprepared->Delete();
+    EXPECT_EQ(Host.Count("ReleaseTexture"), 1u); // no handle, nothing to give back
+
+    TAVUTexture* late = TAVUTexture::New("c.png");
+    ASSERT_TRUE(late->Prepare());
+    g_UIManager.Shutdown();
+    Host.ClearRecords();
+    late->Delete();
+    EXPECT_EQ(Host.Count("ReleaseTexture"), 0u);
+}
+
+TEST_F(Texture, ReadingFromXMLFindsTheFileBesideTheInterfaceThenOnTheSearchPath) {
+    StrCopyBounded(g_UIManager.CurrentFile, DataPath("skin/interface.xml").c_str(),
+                   sizeof(g_UIManager.CurrentFile));
+    Host.TextureFiles["button.png"] = DataPath("search/button.png");
+    Host.TextureFiles["shared.png"] = DataPath("search/shared.png");
+    Host.TextureFiles["stale.png"] = DataPath("search/deleted-since.png");
+
+    Document beside(R"(<Button Filename="button.png"><Border>2</Border></Button>)");
+    TextureHolder local{TAVUTexture::NewFromXML(beside.Node())};
+    ASSERT_NE(local.Texture, nullptr);
+    EXPECT_EQ(local->Filename, DataPath("skin/button.png"));
+    EXPECT_EQ(local->Border, 2u);
+    EXPECT_EQ(Host.Count("FindTextureFile"), 0u);
+
+    Document searched(R"(<Button Filename="shared.png"/>)");
+    TextureHolder shared{TAVUTexture::NewFromXML(searched.Node())};
+    ASSERT_NE(shared.Texture, nullptr);
+    EXPECT_EQ(shared->Filename, DataPath("search/shared.png"));
+
+    Document stale(R"(<Button Filename="stale.png"/>)");
+    EXPECT_EQ(TAVUTexture::NewFromXML(stale.Node()), nullptr); // the host's answer must exist too
+    Document nowhere(R"(<Button Filename="nowhere.png"/>)");
+    EXPECT_EQ(TAVUTexture::NewFromXML(nowhere.Node()), nullptr);
+    EXPECT_TRUE(Host.Console.empty());
+
+    // An interface file without a folder: only the host is asked.
+    StrCopyBounded(g_UIManager.CurrentFile, "interface.xml", sizeof(g_UIManager.CurrentFile));
+    Host.ClearRecords();
+    TextureHolder viaHost{TAVUTexture::NewFromXML(beside.Node())};
+    ASSERT_NE(viaHost.Texture, nullptr);
+    EXPECT_EQ(viaHost->Filename, DataPath("search/button.png"));
+    EXPECT_EQ(Host.Count("FindTextureFile"), 1u);
+
+    // A full path given in the file stands as it is.
+    std::string full = "<Button Filename=\"" + DataPath("search/shared.png") + "\"/>";
+    Document absolute(full.c_str());
+    TextureHolder direct{TAVUTexture::NewFromXML(absolute.Node())};
+    ASSERT_NE(direct.Texture, nullptr);
+    EXPECT_EQ(direct->Filename, DataPath("search/shared.png"));
+}
+
+TEST_F(Texture, HashNamesAreNoFilesAndTheTemplateMayNameTheFile) {
+    Document fill(R"(<Background Filename="#FILL"><ColorMask>FF000080</ColorMask></Background>)");
+    TextureHolder plain{TAVUTexture::NewFromXML(fill.Node())};
+    ASSERT_NE(plain.Texture, nullptr);
+    EXPECT_STREQ(plain->Filename, "");
+    EXPECT_EQ(plain->ColorMask, 0xFF000080u);
+
+    Document other(R"(<Background Filename="#gradient"/>)");
+    TextureHolder special{TAVUTexture::NewFromXML(other.Node())};
+    ASSERT_NE(special.Texture, nullptr);
+    EXPECT_STREQ(special->Filename, "#gradient");
+
+    g_UIManager.AddTemplate("filled",
+                            R"(<Template Filename="#fill"><Border>6</Border></Template>)");
+    g_UIManager.AddTemplate("blank", R"(<Template><Border>6</Border></Template>)");
+    Document fromTemplate(R"(<Background Template="FILLED"><Alpha>0.5</Alpha></Background>)");
+    TextureHolder inherited{TAVUTexture::NewFromXML(fromTemplate.Node())};
+    ASSERT_NE(inherited.Texture, nullptr);
+    EXPECT_STREQ(inherited->Filename, "");
+    EXPECT_EQ(inherited->Border, 6u);
+    EXPECT_FLOAT_EQ(inherited->Alpha, 0.5f);
+
+    Document noName(R"(<Background Template="blank"/>)");
+    EXPECT_EQ(TAVUTexture::NewFromXML(noName.Node()), nullptr);
+    Document unknown(R"(<Background Template="unknown"/>)");
+    EXPECT_EQ(TAVUTexture::NewFromXML(unknown.Node()), nullptr);
+    EXPECT_EQ(TAVUTexture::NewFromXML(nullptr), nullptr);
+}
+
+TEST_F(Texture, LongNamesAreCutNeverOverrun) {
+    std::string longName(3000, 'n');
+    StrCopyBounded(g_UIManager.CurrentFile, DataPath("skin/interface.xml").c_str(),
+                   sizeof(g_UIManager.CurrentFile));
+    std::string xml = "<T Filename=\"" + longName + "\"/>";
+    Document document(xml.c_str());
+    EXPECT_EQ(TAVUTexture::NewFromXML(document.Node()), nullptr);
+    char path[8];
+    EXPECT_TRUE(TAVUTexture::ResolveFilename("#abcdefghijkl", path, sizeof(path)));
+    EXPECT_STREQ(path, "#abcdef");
+}
+
+TEST(PathHelpers, SplitAtTheLastSeparatorOfEitherKindOffWindows) {
+    const char* mixed = "C:\\ui\\skins/night\\button.png";
+    EXPECT_STREQ(PathLastSeparator(mixed), "\\button.png");
+#if defined(_WIN32)
+    EXPECT_STREQ(PathLastSeparator("a\\b/c.png"), "\\b/c.png");
+#else
+    EXPECT_STREQ(PathLastSeparator("a\\b/c.png"), "/c.png");
+#endif
+    EXPECT_EQ(PathLastSeparator("plain.png"), nullptr);
+    EXPECT_EQ(PathLastSeparator(nullptr), nullptr);
+}
+
+TEST(PathHelpers, OnlyRegularFilesExist) {
+    EXPECT_TRUE(PathFileExists(DataPath("skin/button.png").c_str()));
+    EXPECT_FALSE(PathFileExists(DataPath("skin").c_str()));
+    EXPECT_FALSE(PathFileExists(DataPath("skin/none.png").c_str()));
+    EXPECT_FALSE(PathFileExists(""));
+    EXPECT_FALSE(PathFileExists(nullptr));
+    // Cut at 511 characters: a name that only exists past the cut is not found.
+    std::string longPath = DataPath("skin/button.png") + std::string(600, 'x');
+    EXPECT_FALSE(PathFileExists(longPath.c_str()));
+}
