@@ -96,10 +96,7 @@ TAVUElement::~TAVUElement() {
     StrFree(FullName);
 }
 
-bool TAVUElement::FromXML(XMLNode*, XMLNode*) {
-    return true;
-}
-
+// Textures and fonts arrive with the resource classes.
 TAVUTexture* TAVUElement::TextureFromXML(XMLNode*, const char*, XMLNode*) {
     return nullptr;
 }
@@ -109,11 +106,6 @@ TAVUFont* TAVUElement::FontFromXML(XMLNode*, const char*, XMLNode*) {
 }
 
 TAVUFixedFont* TAVUElement::FixedFontFromXML(XMLNode*, const char*, XMLNode*) {
-    return nullptr;
-}
-
-TAVUEmbeddedScript* TAVUElement::EmbeddedScriptFromXML(XMLNode*, const char*, XMLNode*,
-                                                       const char*) {
     return nullptr;
 }
 

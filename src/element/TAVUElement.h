@@ -195,6 +195,9 @@ private:
     TAVUElement& operator=(const TAVUElement&) = delete;
 
     void ComposeFullName();
+    void ReadPosition(XMLNode* node, XMLNode* templateNode, const char* key, int& value,
+                      ElementPosition& position);
+    void ReadScripts(XMLNode* node, XMLNode* templateNode);
     bool IsOffScreen(const tagRECT& rect);
     bool FillBorderStrips(const tagRECT& rect, unsigned width, unsigned color);
     void Unlink();

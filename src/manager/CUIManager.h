@@ -17,6 +17,7 @@ class TAVUElementFactory;
 class TAVUScreen;
 class TAVUSkin;
 class XMLNode;
+class XMLParser;
 
 class TAVU_API CUIManager {
 public:
@@ -53,6 +54,25 @@ public:
     TAVUElement* SetFocusElement();
     TAVUElement* GetMouseOverElement();
     TAVUElement* SetMouseOverElement();
+
+    // Interface files. The forms without a parent load under the screen; with
+    // an element name, only the entries of that name load, under newName. A
+    // reload first deletes a loaded element of the same name from the screen.
+    bool LoadInterfaceXML(TAVUElement* parent, const char* file, const char* elementName,
+                          const char* newName, bool reload, TAVUSkin* skin);
+    bool LoadInterfaceXML(TAVUElement* parent, const char* file, bool reload, TAVUSkin* skin);
+    bool LoadInterfaceXML(const char* file, const char* elementName, const char* newName,
+                          bool reload, TAVUSkin* skin);
+    bool LoadInterfaceXML(const char* file, bool reload, TAVUSkin* skin);
+    // Deletes from the screen the elements that a file's entries name.
+    bool UnloadInterfaceXML(const char* file);
+    // Makes an element through its type's factory, then its size, OnCreate and
+    // "OnLoad". From a node, its "Children" (or its template's) load first,
+    // deepest first. Null on failure, with a message; null too when the
+    // element deleted itself in "OnLoad".
+    TAVUElement* LoadElement(TAVUElement* parent, const char* type, const char* name);
+    TAVUElement* LoadElement(TAVUElement* parent, const char* type, const char* name, XMLNode* node,
+                             const char* templateName);
 
     // Raw input from the host. Each answers whether the toolkit took the event,
     // so that the host knows whether to pass it on to its own application.
@@ -138,6 +158,13 @@ public:
 private:
     // Takes a template out of the registry without deleting it.
     XMLNode* TakeTemplate(const char* name);
+    XMLNode* OpenInterfaceFile(const char* file, XMLParser& parser);
+    void LoadEntry(TAVUElement* parent, XMLNode* entry, const char* elementName,
+                   const char* newName, bool reload);
+    TAVUElement* CreateFromNode(TAVUElement* parent, const char* type, const char* name,
+                                XMLNode* node, const char* templateName, bool& failed);
+    void LoadChildren(TAVUElement* element, XMLNode* node, const char* templateName);
+    TAVUElement* FinishLoad(TAVUElement* element);
     struct ButtonFields; // one mouse button's part of the input state
     ButtonFields LeftButton();
     ButtonFields RightButton();

@@ -1,0 +1,140 @@
+#include "TAVUEmbeddedScript.h"
+#include "TAVUFactory.h"
+#include "TAVUScreen.h"
+#include "TAVUSkin.h"
+#include "ToolkitTest.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+TAVUFactory<TAVUElement> g_BoxFactory("box");
+
+std::string DataFile(const char* name) {
+    return std::string(TAVU_TEST_DATA_DIR) + "/manager/" + name;
+}
+} // namespace
+
+class InterfaceFiles : public ToolkitTest {
+protected:
+    void SetUp() override {
+        ToolkitTest::SetUp();
+        for (const char* name :
+             {"layout.xml", "skins.xml", "noprefix.xml", "broken.xml", "selfdelete.xml"})
+            Host.InterfaceFiles[name] = DataFile(name);
+    }
+    // The scripts that ran, by their source text.
+    std::vector<std::string> Ran() {
+        std::vector<std::string> ran;
+        for (const auto& run : Host.AtomRuns) {
+            size_t open = run.Source.find("{\n"), close = run.Source.rfind("\n}");
+            ran.push_back(run.Source.substr(open + 2, close - open - 2));
+        }
+        return ran;
+    }
+};
+
+TEST_F(InterfaceFiles, LoadsTemplatesElementsAndChildrenDeepestFirst) {
+    EXPECT_TRUE(g_UIManager.LoadInterfaceXML("layout.xml", false, nullptr));
+    TAVUElement* main = g_UIManager.FindElement("Main");
+    ASSERT_NE(main, nullptr);
+    EXPECT_EQ(main->X, 10);     // the node's own
+    EXPECT_EQ(main->Width, 50); // the template's
+    EXPECT_FLOAT_EQ(main->Alpha, 0.5f);
+    EXPECT_FLOAT_EQ(main->FadeAlpha, 0.5f); // follows the alpha just read
+    EXPECT_EQ(Ran(), (std::vector<std::string>{"echo ok loaded", "echo main loaded"}));
+    // The node's "Children" hide the template's whole.
+    EXPECT_NE(g_UIManager.FindElement("Ok@Main"), nullptr);
+    EXPECT_EQ(main->FindChild("FromTemplate"), nullptr);
+    TAVUElement* plain = g_UIManager.FindElement("Plain");
+    ASSERT_NE(plain, nullptr);
+    EXPECT_NE(plain->FindChild("fromtemplate"), nullptr);
+    EXPECT_EQ(Host.Console,
+              (std::vector<std::string>{"No UI element factory for type nosuchtype",
+                                        "Failed to create nosuchtype child Broken for main"}));
+    EXPECT_EQ(std::string(g_UIManager.CurrentFile), DataFile("layout.xml"));
+    TAVUElement* ok = g_UIManager.FindElement("ok@main");
+    EXPECT_EQ(Host.LiveAtoms[ok->OnLeftClick->Atom],
+              "atom auto(int X, int Y)\n{\necho clicked\n}\n");
+}
+
+TEST_F(InterfaceFiles, FailuresSayWhyAndLoadNothing) {
+    EXPECT_FALSE(g_UIManager.LoadInterfaceXML("missing.xml", false, nullptr));
+    EXPECT_FALSE(g_UIManager.LoadInterfaceXML("noprefix.xml", false, nullptr));
+    EXPECT_FALSE(g_UIManager.LoadInterfaceXML("broken.xml", false, nullptr));
+    ASSERT_EQ(Host.Console.size(), 3u);
+    EXPECT_EQ(Host.Console[0], "Could not locate file");
+    EXPECT_EQ(Host.Console[1], "Failed to find TAVU element in " + DataFile("noprefix.xml"));
+    EXPECT_EQ(Host.Console[2].rfind("Failed to parse " + DataFile("broken.xml") + ": ", 0), 0u);
+    EXPECT_EQ(g_UIManager.FindElement("Lost"), nullptr);
+    EXPECT_EQ(g_UIManager.FindElement("Half"), nullptr);
+    EXPECT_FALSE(g_UIManager.LoadInterfaceXML(nullptr, "layout.xml", false, nullptr));
+}
+
+TEST_F(InterfaceFiles, LoadingTwiceCollidesUnlessItReloads) {
+    g_UIManager.LoadInterfaceXML("layout.xml", false, nullptr);
+    unsigned firstID = g_UIManager.FindElement("Main")->ID;
+    Host.Console.clear();
+    EXPECT_TRUE(g_UIManager.LoadInterfaceXML("layout.xml", false, nullptr));
+    ASSERT_GE(Host.Console.size(), 1u);
+    EXPECT_EQ(Host.Console[0], "Child named 'Main' already exists in parent element 'screen'");
+    EXPECT_EQ(g_UIManager.FindElement("Main")->ID, firstID);
+    EXPECT_TRUE(g_UIManager.LoadInterfaceXML("layout.xml", true, nullptr));
+    EXPECT_NE(g_UIManager.FindElement("Main")->ID, firstID);
+}
+
+TEST_F(InterfaceFiles, OneEntryLoadsUnderANewName) {
+    EXPECT_TRUE(g_UIManager.LoadInterfaceXML("layout.xml", "PLAIN", "Copy", false, nullptr));
+    EXPECT_NE(g_UIManager.FindElement("Copy"), nullptr);
+    EXPECT_EQ(g_UIManager.FindElement("Main"), nullptr);
+    EXPECT_EQ(g_UIManager.FindElement("Plain"), nullptr);
+}
+
+TEST_F(InterfaceFiles, UnloadRemovesFromTheScreenOnly) {
+    TAVUElement* window = MakeElement("Window");
+    g_UIManager.LoadInterfaceXML(window, "layout.xml", false, nullptr);
+    g_UIManager.LoadInterfaceXML("layout.xml", "Plain", "Plain", false, nullptr);
+    EXPECT_NE(g_UIManager.FindElement("Main@Window"), nullptr);
+    EXPECT_TRUE(g_UIManager.UnloadInterfaceXML("layout.xml"));
+    EXPECT_EQ(g_UIManager.FindElement("Plain"), nullptr);
+    EXPECT_NE(g_UIManager.FindElement("Main@Window"), nullptr); // under a window: it stays
+    EXPECT_FALSE(g_UIManager.UnloadInterfaceXML("missing.xml"));
+}
+
+TEST_F(InterfaceFiles, ASkinFromOneFileRedirectsTemplatesOfAnother) {
+    g_UIManager.LoadInterfaceXML("layout.xml", false, nullptr); // defines BaseBox
+    ASSERT_TRUE(g_UIManager.LoadInterfaceXML("skins.xml", false, nullptr));
+    TAVUSkin* dark = g_UIManager.FindSkin("Dark");
+    ASSERT_NE(dark, nullptr);
+    EXPECT_EQ(g_UIManager.CurrentSkin, nullptr); // a skin loads without becoming current
+    EXPECT_TRUE(g_UIManager.LoadInterfaceXML("layout.xml", "Plain", "Skinned", false, dark));
+    EXPECT_EQ(g_UIManager.FindElement("Skinned")->Width, 99);
+    EXPECT_EQ(g_UIManager.CurrentSkin, nullptr); // restored after the load
+}
+
+TEST_F(InterfaceFiles, AnElementThatDeletesItselfInOnLoadIsGoneQuietly) {
+    Host.OnExecuteAtom = [&](const FakeHost::AtomRun& run) {
+        g_UIManager.Screen->DeleteChild(static_cast<TAVUElement*>(run.This));
+        return 0;
+    };
+    EXPECT_TRUE(g_UIManager.LoadInterfaceXML("selfdelete.xml", false, nullptr));
+    EXPECT_EQ(g_UIManager.FindElement("Ephemeral"), nullptr);
+    EXPECT_NE(g_UIManager.FindElement("Stays"), nullptr);
+    EXPECT_TRUE(Host.Console.empty());
+}
+
+TEST_F(InterfaceFiles, LoadElementByTypeChecksItsArguments) {
+    TAVUElement* screen = g_UIManager.Screen;
+    EXPECT_EQ(g_UIManager.LoadElement(screen, "box", ""), nullptr);
+    EXPECT_EQ(g_UIManager.LoadElement(nullptr, "box", "x"), nullptr);
+    EXPECT_TRUE(Host.Console.empty());
+    EXPECT_EQ(g_UIManager.LoadElement(screen, "widget", "x"), nullptr);
+    EXPECT_EQ(Host.Console.back(), "No UI element factory for type 'widget'");
+    TAVUElement* made = g_UIManager.LoadElement(screen, "BOX", "Made");
+    ASSERT_NE(made, nullptr);
+    EXPECT_STREQ(made->Type, "box");
+    EXPECT_EQ(g_UIManager.LoadElement(screen, "box", "made"), nullptr);
+    EXPECT_EQ(Host.Console.back(), "Child named 'made' already exists in parent element 'screen'");
+}
