@@ -52,8 +52,7 @@ HeadlessHost::HeadlessHost(ScriptEngine& engine, TraceWriter& trace, TavukitModu
 }
 
 HeadlessHost::~HeadlessHost() {
-    for (const char* name :
-         {"echo", "wait", "waitframe", "mouse", "key", "type", "screenshot", "exit"})
+    for (const char* name : {"wait", "waitframe", "mouse", "key", "type", "screenshot", "exit"})
         Engine.RemoveCommand(name);
 }
 
@@ -80,13 +79,9 @@ void HeadlessHost::RegisterCommands() {
         const char* Name;
         int (HeadlessHost::*Handler)(int, char**);
     } commands[] = {
-        {"echo", &HeadlessHost::Echo},
-        {"wait", &HeadlessHost::WaitCommand},
-        {"waitframe", &HeadlessHost::WaitFrameCommand},
-        {"mouse", &HeadlessHost::Mouse},
-        {"key", &HeadlessHost::Key},
-        {"type", &HeadlessHost::Type},
-        {"screenshot", &HeadlessHost::Screenshot},
+        {"wait", &HeadlessHost::WaitCommand}, {"waitframe", &HeadlessHost::WaitFrameCommand},
+        {"mouse", &HeadlessHost::Mouse},      {"key", &HeadlessHost::Key},
+        {"type", &HeadlessHost::Type},        {"screenshot", &HeadlessHost::Screenshot},
         {"exit", &HeadlessHost::Exit},
     };
     for (const Entry& entry : commands) {
@@ -95,14 +90,6 @@ void HeadlessHost::RegisterCommands() {
             return (this->*handler)(argc, argv);
         });
     }
-}
-
-int HeadlessHost::Echo(int argc, char* argv[]) {
-    std::string line;
-    for (int i = 1; i < argc; ++i)
-        line += (i > 1 ? " " : "") + std::string(argv[i]);
-    Engine.Print(line);
-    return 0;
 }
 
 int HeadlessHost::WaitCommand(int argc, char* argv[]) {

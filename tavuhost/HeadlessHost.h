@@ -4,7 +4,7 @@
 // Script services go to the script engine. Draw calls are traced (with
 // --trace) and dropped; fonts measure with a fixed 7-pixel advance; textures
 // report the real size of their image file when it can be read. The host's
-// own commands (echo, wait, waitframe, mouse, key, type, screenshot, exit)
+// own commands (wait, waitframe, mouse, key, type, screenshot, exit)
 // are registered in the engine here, since they drive the module.
 #pragma once
 
@@ -111,7 +111,6 @@ private:
     };
 
     void RegisterCommands();
-    int Echo(int argc, char* argv[]);
     int WaitCommand(int argc, char* argv[]);
     int WaitFrameCommand(int argc, char* argv[]);
     int Mouse(int argc, char* argv[]);

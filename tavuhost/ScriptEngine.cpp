@@ -46,6 +46,11 @@ ScriptEngine::ScriptEngine() : Resolver(*this) {
     OwnTypes.emplace_back(new IntegerType("uint", IntegerType::Kind::UInt, *this));
     for (auto& type : OwnTypes)
         AddType(type.get());
+    // echo is part of the language: every script prints.
+    AddCommand("echo", [this](int argc, char* argv[]) {
+        Print(JoinWords(1, argc, argv));
+        return 0;
+    });
 }
 
 ScriptEngine::~ScriptEngine() {

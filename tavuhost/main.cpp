@@ -6,7 +6,16 @@
 
 #include <cstdio>
 
+#if defined(_WIN32)
+#include <fcntl.h>
+#include <io.h>
+#endif
+
 int main(int argc, char* argv[]) {
+#if defined(_WIN32)
+    // Line ends stay "\n", so that output compares byte for byte on every system.
+    _setmode(_fileno(stdout), _O_BINARY);
+#endif
     HostOptions options;
     if (!options.Parse(argc, argv)) {
         fprintf(stderr, "tavuhost: %s\n%s", options.Error().c_str(), HostOptions::Usage());

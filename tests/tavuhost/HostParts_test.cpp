@@ -1,0 +1,354 @@
+#include "HeadlessHost.h"
+#include "HostOptions.h"
+#include "ImageSize.h"
+#include "KeyNames.h"
+#include "ScriptEngine.h"
+#include "TraceWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace {
+
+const std::string DataFolder = std::string(TAVU_TEST_DATA_DIR) + "/tavuhost";
+
+bool ParseOptions(HostOptions& options, std::vector<const char*> words) {
+    words.insert(words.begin(), "tavuhost");
+    return options.Parse(int(words.size()), const_cast<char**>(words.data()));
+}
+
+std::string ReadAll(const std::string& path) {
+    std::string text;
+    if (FILE* file = fopen(path.c_str(), "rb")) {
+        char buffer[4096];
+        size_t count = 0;
+        while ((count = fread(buffer, 1, sizeof(buffer), file)) > 0)
+            text.append(buffer, count);
+        fclose(file);
+    }
+    return text;
+}
+
+// A host object over an engine, with no module loaded: what the host answers
+// the toolkit does not depend on the module.
+class HeadlessHostTest : public ::testing::Test {
+protected:
+    HeadlessHostTest() : Host(Engine, Trace, Module) {
+        Engine.SetConsole([this](const std::string& line) { Console.push_back(line); });
+        TracePath = testing::TempDir() + "tavuhost_trace.txt";
+        Trace.Open(TracePath);
+        Host.AddSearchFolder(DataFolder);
+    }
+    ~HeadlessHostTest() { remove(TracePath.c_str()); }
+
+    ScriptEngine Engine;
+    TraceWriter Trace;
+    TavukitModule Module;
+    HeadlessHost Host;
+    std::string TracePath;
+    std::vector<std::string> Console;
+};
+
+} // namespace
+
+TEST(HostOptions, DefaultsAndEveryOption) {
+    HostOptions options;
+    ASSERT_TRUE(ParseOptions(options, {}));
+    EXPECT_EQ(800u, options.Width);
+    EXPECT_EQ(600u, options.Height);
+    EXPECT_EQ("TAVU", options.Prefix);
+    EXPECT_EQ(1u, options.Frames);
+
+    HostOptions all;
+    ASSERT_TRUE(ParseOptions(all, {"--size", "1024x768", "a.xml", "--prefix", "MYUI", "--path",
+                                   "skins", "-e", "echo 1", "--script", "s.tss", "-e", "echo 2",
+                                   "--frames", "0", "--trace", "-", "--", "-odd.xml"}));
+    EXPECT_EQ(1024u, all.Width);
+    EXPECT_EQ(768u, all.Height);
+    EXPECT_EQ("MYUI", all.Prefix);
+    EXPECT_EQ(std::vector<std::string>{"skins"}, all.Paths);
+    EXPECT_EQ((std::vector<std::string>{"echo 1", "echo 2"}), all.Commands);
+    EXPECT_EQ("s.tss", all.Script);
+    EXPECT_EQ(0u, all.Frames);
+    EXPECT_EQ("-", all.Trace);
+    EXPECT_EQ((std::vector<std::string>{"a.xml", "-odd.xml"}), all.Files);
+}
+
+TEST(HostOptions, BadUsageSaysWhatIsWrong) {
+    struct Case {
+        std::vector<const char*> Words;
+        const char* Error;
+    } cases[] = {
+        {{"--bogus"}, "unknown option '--bogus'"},
+        {{"--frames"}, "--frames needs a value"},
+        {{"--size", "800"}, "--size wants WxH, such as 800x600"},
+        {{"--size", "0x600"}, "--size: each side must be between 1 and 16384"},
+        {{"--size", "-5x5"}, "--size wants WxH, such as 800x600"},
+        {{"--size", "99999999999999999999x1"}, "--size wants WxH, such as 800x600"},
+        {{"--frames", "-1"}, "--frames wants a number from 0 to 1000000"},
+        {{"--frames", "1000001"}, "--frames wants a number from 0 to 1000000"},
+        {{"--prefix", ""}, "--prefix wants a tag of 1 to 63 characters"},
+        {{"--script", "a", "--script", "b"}, "only one --script may be given"},
+    };
+    for (const Case& c : cases) {
+        HostOptions options;
+        EXPECT_FALSE(ParseOptions(options, c.Words)) << c.Error;
+        EXPECT_EQ(c.Error, options.Error());
+    }
+    HostOptions help;
+    EXPECT_TRUE(ParseOptions(help, {"--help"}));
+    EXPECT_TRUE(help.Help);
+}
+
+TEST(KeyNames, NamesAndCodesGoBothWays) {
+    unsigned code = 0;
+    struct Named {
+        const char* Word;
+        unsigned Code;
+    } keys[] = {{"Enter", 0x0D}, {"enter", 0x0D}, {"Return", 0x0D}, {"Tab", 0x09},
+                {"Shift", 0x10}, {"a", 'A'},      {"Z", 'Z'},       {"7", '7'},
+                {"F1", 0x70},    {"f12", 0x7B},   {"13", 13},       {"065", 65},
+                {"Esc", 0x1B},   {"Delete", 0x2E}};
+    for (const Named& key : keys) {
+        ASSERT_TRUE(KeyNames::CodeOf(key.Word, code)) << key.Word;
+        EXPECT_EQ(key.Code, code) << key.Word;
+    }
+    for (const char* bad : {"", "F0", "F25", "F1x", "Enterprise", "99999"})
+        EXPECT_FALSE(KeyNames::CodeOf(bad, code)) << bad;
+
+    std::string name;
+    ASSERT_TRUE(KeyNames::NameOf(0x0D, name));
+    EXPECT_EQ("Enter", name);
+    ASSERT_TRUE(KeyNames::NameOf(0x71, name));
+    EXPECT_EQ("F2", name);
+    ASSERT_TRUE(KeyNames::NameOf('Q', name));
+    EXPECT_EQ("Q", name);
+    EXPECT_FALSE(KeyNames::NameOf(0xFFFF, name));
+}
+
+TEST(KeyNames, TypingACharacterPicksItsKeyAndShift) {
+    struct Typed {
+        char Character;
+        unsigned Code;
+        bool Shift;
+    } cases[] = {{'a', 'A', false}, {'A', 'A', true},   {'5', '5', false},
+                 {'%', '5', true},  {' ', 0x20, false}, {'-', 0xBD, false},
+                 {'_', 0xBD, true}, {'"', 0xDE, true},  {'\n', 0x0D, false}};
+    for (const Typed& typed : cases) {
+        unsigned code = 0;
+        bool shift = !typed.Shift;
+        ASSERT_TRUE(KeyNames::KeyFor(typed.Character, code, shift)) << typed.Character;
+        EXPECT_EQ(typed.Code, code) << typed.Character;
+        EXPECT_EQ(typed.Shift, shift) << typed.Character;
+    }
+    unsigned code = 0;
+    bool shift = false;
+    EXPECT_FALSE(KeyNames::KeyFor('\x01', code, shift));
+    EXPECT_FALSE(KeyNames::KeyFor('\xC3', code, shift));
+    EXPECT_FALSE(KeyNames::KeyFor('\0', code, shift));
+}
+
+TEST(ImageSize, ReadsTheHeadersOfTextureFiles) {
+    int32_t width = 0, height = 0;
+    ASSERT_TRUE(ImageSize::Read((DataFolder + "/textures/red3x2.png").c_str(), width, height));
+    EXPECT_EQ(3, width);
+    EXPECT_EQ(2, height);
+    ASSERT_TRUE(ImageSize::Read((DataFolder + "/textures/green5x4.bmp").c_str(), width, height));
+    EXPECT_EQ(5, width);
+    EXPECT_EQ(4, height);
+    ASSERT_TRUE(ImageSize::Read((DataFolder + "/textures/blue7x6.tga").c_str(), width, height));
+    EXPECT_EQ(7, width);
+    EXPECT_EQ(6, height);
+    EXPECT_FALSE(ImageSize::Read((DataFolder + "/no-such.png").c_str(), width, height));
+    EXPECT_FALSE(ImageSize::Read(nullptr, width, height));
+}
+
+TEST(ImageSize, RefusesTruncatedAndImpossibleHeaders) {
+    const unsigned char pngStart[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n', 0, 0,
+                                      0,    13,  'I', 'H', 'D',  'R',  0,    0,    0, 3};
+    int32_t width = -1, height = -1;
+    EXPECT_FALSE(ImageSize::Parse(pngStart, sizeof(pngStart), width, height));
+    unsigned char zeroPng[24] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n',
+                                 0,    0,   0,   13,  'I',  'H',  'D',  'R'};
+    EXPECT_FALSE(ImageSize::Parse(zeroPng, sizeof(zeroPng), width, height)) << "0 x 0";
+    unsigned char hugePng[24] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n', 0, 0, 0, 13,
+                                 'I',  'H', 'D', 'R', 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 1};
+    EXPECT_FALSE(ImageSize::Parse(hugePng, sizeof(hugePng), width, height)) << "beyond int32";
+    const unsigned char text[] = "just some text, not an image";
+    EXPECT_FALSE(ImageSize::Parse(text, sizeof(text), width, height));
+    EXPECT_EQ(-1, width) << "a refused header leaves the outputs alone";
+    unsigned char topDown[26] = {'B', 'M'};
+    topDown[18] = 8;
+    topDown[22] = 0xFE, topDown[23] = 0xFF, topDown[24] = 0xFF, topDown[25] = 0xFF; // -2
+    ASSERT_TRUE(ImageSize::Parse(topDown, sizeof(topDown), width, height));
+    EXPECT_EQ(8, width);
+    EXPECT_EQ(2, height);
+}
+
+TEST(TraceWriter, FieldsAreWrittenInTheirFixedForms) {
+    EXPECT_EQ("0x00ABCDEF", TraceWriter::Hex(0xABCDEF));
+    EXPECT_EQ("-7", TraceWriter::Int(-7));
+    EXPECT_EQ("\"a\\\"b\\\\c\\n\\t\\x01\\xc3\\xa9\"", TraceWriter::Text("a\"b\\c\n\t\x01\xC3\xA9"));
+    EXPECT_EQ("null", TraceWriter::Text(nullptr));
+    tagRECT rect{1, -2, 3, 4};
+    EXPECT_EQ("1 -2 3 4", TraceWriter::Rect(&rect));
+    TAVUDrawRecord record{};
+    record.Flags = 7;
+    record.Left = 1, record.Top = 2, record.Right = 3, record.Bottom = 4;
+    record.TextureLeft = 5, record.TextureTop = 6, record.TextureRight = 7,
+    record.TextureBottom = 8;
+    record.Texture = 9, record.Alpha = 255, record.Orientation = 2, record.ColorMask = 0x80FF0000;
+    EXPECT_EQ("0x00000007 1 2 3 4 5 6 7 8 9 255 2 0x80FF0000", TraceWriter::Record(&record));
+}
+
+TEST_F(HeadlessHostTest, TextMeasuresSevenPixelsAByte) {
+    size_t width = 12;
+    Host.MeasureText(1, "Hello", &width);
+    EXPECT_EQ(35u, width);
+    Host.MeasureText(1, "", &width);
+    EXPECT_EQ(0u, width);
+    float abc[3] = {-1, -1, -1};
+    EXPECT_TRUE(Host.GetCharWidths(1, 'W', 'W', abc));
+    EXPECT_EQ(7.0f, abc[0] + abc[1] + abc[2]);
+    tagRECT rect{0, 0, 100, 20};
+    EXPECT_EQ(21u, Host.DrawText(1, "abc", &rect, 0xFFFFFFFF, 0x20));
+}
+
+TEST_F(HeadlessHostTest, TexturesReportTheSizeOfTheirImage) {
+    unsigned png = Host.AcquireTexture("textures/red3x2.png", 0);
+    unsigned tga = Host.AcquireTexture((DataFolder + "/textures/blue7x6.tga").c_str(), 0xFF00FF00);
+    unsigned text = Host.AcquireTexture("flow.tss", 0);
+    EXPECT_EQ(2u, png) << "handle 1 is the mark of an untextured line";
+    EXPECT_EQ(3u, tga);
+    EXPECT_EQ(0u, Host.AcquireTexture("textures/missing.png", 0));
+    _Point2i size{0, 0};
+    ASSERT_TRUE(Host.GetTextureSize(png, size));
+    EXPECT_EQ(3, size.x);
+    EXPECT_EQ(2, size.y);
+    ASSERT_TRUE(Host.GetTextureSize(tga, size));
+    EXPECT_EQ(7, size.x);
+    EXPECT_FALSE(Host.GetTextureSize(text, size)) << "a readable file that is no image";
+    Host.ReleaseTexture(png);
+    EXPECT_FALSE(Host.GetTextureSize(png, size));
+}
+
+TEST_F(HeadlessHostTest, FilesAreFoundInTheSearchFoldersWithinTheCallersBuffer) {
+    char path[TAVU_INTERFACE_PATH_BUFFER];
+    ASSERT_TRUE(Host.FindInterfaceFile("flow.tss", path));
+    EXPECT_EQ(DataFolder + "/flow.tss", path);
+    ASSERT_TRUE(Host.FindTextureFile("textures\\red3x2.png", path));
+    EXPECT_FALSE(Host.FindInterfaceFile("nothing-here.xml", path));
+    EXPECT_FALSE(Host.FindInterfaceFile("", path));
+    std::string longName(600, 'x');
+    EXPECT_FALSE(Host.FindInterfaceFile(longName.c_str(), path));
+}
+
+TEST_F(HeadlessHostTest, KeysConsolesAndDisplayAnswerPlainly) {
+    char name[64];
+    ASSERT_TRUE(Host.GetKeyName(0x0D, name, sizeof(name)));
+    EXPECT_STREQ("Enter", name);
+    char tiny[3];
+    ASSERT_TRUE(Host.GetKeyName(0x0D, tiny, sizeof(tiny)));
+    EXPECT_STREQ("En", tiny);
+    EXPECT_FALSE(Host.GetKeyName(0xFFFF, name, sizeof(name)));
+
+    char console[1024];
+    Host.GetCurrentConsole(console, sizeof(console));
+    EXPECT_STREQ("Default", console);
+    Host.SelectConsole("Chat");
+    Host.GetCurrentConsole(console, sizeof(console));
+    EXPECT_STREQ("Chat", console);
+
+    Host.SetDisplaySize(1024, 768);
+    uint64_t width = 0, height = 0;
+    ASSERT_TRUE(Host.GetDisplaySize(&width, &height));
+    EXPECT_EQ(1024u, width);
+    EXPECT_EQ(768u, height);
+}
+
+TEST_F(HeadlessHostTest, ToolkitCommandsAndObjectsReachTheScriptEngine) {
+    static int lastArgc = 0;
+    Host.AddCommand(
+        "UI", [](int argc, char*[]) { return lastArgc = argc; }, true, false);
+    EXPECT_EQ(3, Host.ExecuteCommand("ui -load \"my file.xml\""));
+    EXPECT_EQ(3, lastArgc);
+    EXPECT_TRUE(Host.RemoveCommand("UI"));
+    EXPECT_EQ(-1, Host.ExecuteCommand("UI"));
+
+    Host.AddTopLevelObject("Answer", [](int, char*[], _RXTypeVar& result) {
+        result.Type = nullptr;
+        return false;
+    });
+    char output[16];
+    ASSERT_TRUE(Host.ParseDataSequences("[${Answer}]", output, sizeof(output)));
+    EXPECT_STREQ("[NULL]", output);
+    double value = 0;
+    EXPECT_TRUE(Host.Calculate("6*7", &value));
+    EXPECT_EQ(42, value);
+    EXPECT_FALSE(Host.Calculate("6*", &value));
+    EXPECT_EQ(Engine.FindType("int"), Host.FindType("int", 0, 0));
+    EXPECT_STREQ("abc", Host.GetTempBuffer(8, "abc"));
+    EXPECT_STREQ("ab", Host.GetTempBuffer(3, "abcdef")) << "cut to its size";
+}
+
+TEST_F(HeadlessHostTest, ConsoleLinesAreFormattedAndCompletionCycles) {
+    Host.ConsolePrintf("Could not load interface file '%s'", "x.xml");
+    Host.ConsolePrintf("%d%%", 50);
+    EXPECT_EQ((std::vector<std::string>{"Could not load interface file 'x.xml'", "50%"}), Console);
+
+    EXPECT_STREQ("echo", Host.CompleteCommand("ec", false));
+    EXPECT_STREQ("echo", Host.CompleteCommand("e", false));
+    EXPECT_STREQ("exit", Host.CompleteCommand("echo", false)) << "asking again moves on";
+    EXPECT_STREQ("echo", Host.CompleteCommand("exit", false)) << "and wraps";
+    EXPECT_STREQ("exit", Host.CompleteCommand("echo", true));
+    EXPECT_STREQ("zz", Host.CompleteCommand("zz", false));
+}
+
+TEST_F(HeadlessHostTest, TheTraceHasOneLinePerCallWithHandlesShown) {
+    tagRECT rect{1, 2, 3, 4};
+    Host.FillRect(&rect, 0xFF102030);
+    unsigned font = Host.AcquireFont("Verdana", 13, false, true);
+    TAVUDrawRecord records[2] = {};
+    records[1].Texture = 1;
+    Host.TexturedRects(2, records);
+    Host.ReleaseFont(font);
+    Host.ConsolePrintf("hi \"there\"");
+    Trace.Write("End", {});
+    EXPECT_EQ("FillRect 1 2 3 4 0xFF102030\n"
+              "AcquireFont \"Verdana\" 13 false true -> 1\n"
+              "TexturedRects 2 0x00000000 0 0 0 0 0 0 0 0 0 0 0 0x00000000 "
+              "0x00000000 0 0 0 0 0 0 0 0 1 0 0 0x00000000\n"
+              "ReleaseFont 1\n"
+              "ConsolePrintf \"hi \\\"there\\\"\"\n"
+              "End\n",
+              ReadAll(TracePath));
+}
+
+TEST_F(HeadlessHostTest, HostCommandsCheckTheirArguments) {
+    Engine.ExecuteCommand("wait");
+    Engine.ExecuteCommand("wait -5");
+    Engine.ExecuteCommand("mouse fly left");
+    Engine.ExecuteCommand("mouse click middle");
+    Engine.ExecuteCommand("mouse move 1");
+    Engine.ExecuteCommand("key tap Nope");
+    Engine.ExecuteCommand("key hold A");
+    Engine.ExecuteCommand("exit soon");
+    Engine.ExecuteCommand("type a\x01");
+    Engine.ExecuteCommand("screenshot shot.png");
+    const std::string mouse =
+        "Syntax: mouse move X Y | mouse press|release|click left|right [X Y] | "
+        "mouse wheel N";
+    EXPECT_EQ(
+        (std::vector<std::string>{
+            "Syntax: wait MILLISECONDS (0 to 3600000)", "Syntax: wait MILLISECONDS (0 to 3600000)",
+            mouse, mouse, mouse, "key: unknown key 'Nope'", "Syntax: key press|release|tap NAME",
+            "Syntax: exit [CODE]", "type: no key types '\x01'",
+            "screenshot: this host has no renderer yet, so 'shot.png' was not written"}),
+        Console);
+    EXPECT_FALSE(Engine.ExitRequested());
+    Engine.ExecuteCommand("echo  spaced   out ");
+    EXPECT_EQ("spaced out", Console.back());
+}

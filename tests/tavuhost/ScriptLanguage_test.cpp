@@ -1,0 +1,275 @@
+#include "EngineFixture.h"
+
+#include "HostValueType.h"
+
+#include <cstring>
+
+namespace {
+
+// An object of the toolkit's kind as scripts meet it: a named thing with a
+// child, reached through a top-level object.
+struct Widget {
+    const char* Name;
+    int Width;
+    Widget* Child;
+    int Shown = 0;
+};
+
+enum : uint32_t { WidthMember = 1, ChildMember, NameMember, ArgsMember };
+enum : uint32_t { ShowMethod = 1, FailMethod };
+
+class WidgetType : public RXTypeDefinition {
+public:
+    explicit WidgetType(ScriptEngine& engine) : RXTypeDefinition("widget"), Engine(engine) {
+        AddMember(WidthMember, "Width", nullptr);
+        AddMember(ChildMember, "Child", nullptr);
+        AddMember(NameMember, "Name", nullptr);
+        AddMember(ArgsMember, "Args", nullptr);
+        AddMethod(ShowMethod, "Show", nullptr);
+        AddMethod(FailMethod, "Fail", nullptr);
+    }
+    bool GetMember(RXObjectData& object, _RXTypeMember* member, int argc, char* argv[],
+                   _RXTypeVar& result) override {
+        auto* widget = static_cast<Widget*>(object.Value.Pointer);
+        if (!widget) return false;
+        switch (member->ID) {
+        case WidthMember:
+            result.Type = Engine.FindType("int");
+            result.Value.Int64 = widget->Width;
+            return true;
+        case ChildMember:
+            if (!widget->Child) return false;
+            result.Type = this;
+            result.Value.Pointer = widget->Child;
+            return true;
+        case NameMember:
+            result.Type = Engine.FindType("string");
+            result.Value.Text = widget->Name;
+            return true;
+        case ArgsMember: {
+            std::string joined = std::to_string(argc);
+            for (int i = 0; i < argc; ++i)
+                joined += std::string("|") + argv[i];
+            result.Type = Engine.FindType("string");
+            result.Value.Text = Engine.TempText(joined);
+            return true;
+        }
+        }
+        return false;
+    }
+    bool GetMethod(RXObjectData& object, _RXTypeMember* method, int argc, char* argv[]) override {
+        auto* widget = static_cast<Widget*>(object.Value.Pointer);
+        if (!widget || method->ID != ShowMethod) return false;
+        widget->Shown += argc > 0 ? atoi(argv[0]) : 1;
+        return true;
+    }
+    // Like an element's name: copied with at most size bytes, unterminated when it fills them.
+    bool ToTextSized(RXObjectData& object, char* buffer, size_t size) override {
+        auto* widget = static_cast<Widget*>(object.Value.Pointer);
+        if (!widget) return false;
+        strncpy(buffer, widget->Name, size);
+        return true;
+    }
+    ScriptEngine& Engine;
+};
+
+class ScriptLanguage : public EngineFixture {
+protected:
+    ScriptLanguage() : Type(Engine) {
+        Engine.AddType(&Type);
+        Engine.AddTopLevelObject("Widget", [this](int argc, char* argv[], _RXTypeVar& result) {
+            if (argc > 0 && strcmp(argv[0], "child") == 0)
+                result.Value.Pointer = &Child;
+            else if (argc > 0)
+                return false;
+            else
+                result.Value.Pointer = &Root;
+            result.Type = &Type;
+            return true;
+        });
+        Engine.AddCommand("count", [this](int argc, char* argv[]) {
+            Counted.assign(argv, argv + argc);
+            return argc;
+        });
+    }
+    ~ScriptLanguage() { Engine.RemoveType(&Type); }
+
+    WidgetType Type;
+    Widget Child{"Label", 40, nullptr};
+    Widget Root{"Window", 300, &Child};
+    std::vector<std::string> Counted;
+};
+
+} // namespace
+
+TEST_F(ScriptLanguage, WordsSplitAtBlanksWithQuotesAndSequencesGrouping) {
+    Run({"count  a   \"b c\"  d\"e f\"g", "declare S string \"two words\"", "count ${S} x",
+         "count [a b] \"say \\\"hi\\\"\""});
+    EXPECT_TRUE(TakeConsole().empty());
+    EXPECT_EQ((std::vector<std::string>{"count", "[a b]", "say \"hi\""}), Counted);
+    Run({"count ${S}"});
+    EXPECT_EQ((std::vector<std::string>{"count", "two words"}), Counted)
+        << "a data sequence never splits an argument in two";
+    Run({"COUNT", "   ", "; a comment is only a comment in scripts"});
+    EXPECT_EQ(std::vector<std::string>{"COUNT"}, Counted) << "command names ignore case";
+}
+
+TEST_F(ScriptLanguage, UnknownCommandsNameThemselves) {
+    EXPECT_EQ(-1, Engine.ExecuteCommand("frobnicate now"));
+    EXPECT_EQ(std::vector<std::string>{"Unknown command 'frobnicate'"}, TakeConsole());
+}
+
+TEST_F(ScriptLanguage, DataSequencesWalkMembersAndNest) {
+    EXPECT_EQ("Window 300", Text("${Widget} ${Widget.Width}"));
+    EXPECT_EQ("Label 40", Text("${Widget.Child} ${Widget.Child.Width}"));
+    EXPECT_EQ("Label", Text("${Widget[child]}"));
+    EXPECT_EQ("2|a|b c", Text("${Widget.Args[a,\"b c\"]}"));
+    EXPECT_EQ("1|x,y]", Text("${Widget.Args[\"x,y]\"]}"));
+    EXPECT_EQ("0", Text("${Widget.Args[]}"));
+    EXPECT_EQ("1|340", Text("${Widget.Args[${Math.Calc[${Widget.Width}+${Widget.Child.Width}]}]}"));
+}
+
+TEST_F(ScriptLanguage, UnresolvedSequencesReadNullAndExistsAsksWithoutFailing) {
+    EXPECT_EQ("NULL NULL NULL", Text("${Nothing} ${Widget.Nothing} ${Widget.Child.Child}"));
+    EXPECT_EQ("NULL", Text("${Widget[missing]}"));
+    EXPECT_EQ("TRUE FALSE FALSE", Text("${Widget(exists)} ${Nothing(exists)} "
+                                       "${Widget.Child.Child(exists)}"));
+    EXPECT_EQ("x ${Widget", Text("x ${Widget")) << "an unclosed sequence stays as written";
+    EXPECT_EQ("NULL|NULL", Text("${}|${Widget.}"));
+}
+
+TEST_F(ScriptLanguage, ATextFormThatFillsItsBufferStillEnds) {
+    std::string longName(ScriptEngine::TextBufferSize + 100, 'n');
+    Child.Name = longName.c_str();
+    std::string text = Text("${Widget.Child}");
+    EXPECT_EQ(ScriptEngine::TextBufferSize - 1, text.size());
+}
+
+TEST_F(ScriptLanguage, DeepNestingReadsNullInsteadOfRecursingForever) {
+    std::string deep;
+    for (int i = 0; i < 2000; ++i)
+        deep += "${Widget.Args[";
+    deep += "x";
+    for (int i = 0; i < 2000; ++i)
+        deep += "]}";
+    std::string text = Text(deep);
+    EXPECT_NE(std::string::npos, text.find("NULL"));
+    EXPECT_LT(text.size(), 4000u);
+}
+
+TEST_F(ScriptLanguage, MethodChainsRunInOrderOnTheLastValue) {
+    EXPECT_EQ(1, Engine.ExecuteCommand("Widget.Child:Show[2]:Show[3]:Show"));
+    EXPECT_EQ(6, Child.Shown);
+    EXPECT_EQ(0, Root.Shown);
+    EXPECT_EQ(1, Engine.ExecuteCommand("Widget:Show[${Widget.Child.Width}]"));
+    EXPECT_EQ(40, Root.Shown);
+    EXPECT_EQ(0, Engine.ExecuteCommand("Widget:Fail:Show")) << "a failed method ends the chain";
+    EXPECT_EQ(40, Root.Shown);
+    EXPECT_TRUE(TakeConsole().empty());
+
+    EXPECT_EQ(-1, Engine.ExecuteCommand("Widget:Explode"));
+    EXPECT_EQ(-1, Engine.ExecuteCommand("Nothing.Child:Show"));
+    EXPECT_EQ(-1, Engine.ExecuteCommand("Widget:Show extra"));
+    EXPECT_EQ((std::vector<std::string>{
+                  "Type 'widget' has no method 'Explode'", "Cannot resolve 'Nothing.Child'",
+                  "Unexpected text after 'Widget:Show': write method arguments in brackets"}),
+              TakeConsole());
+}
+
+TEST_F(ScriptLanguage, VariablesChangeOnlyThroughTheirOwnStorage) {
+    Run({"declare Name string", "Name:Set[Hello, World]:Concat[!]", "declare N int 41", "N:Inc",
+         "declare Copy string ${Widget.Child.Name}"});
+    EXPECT_EQ("Hello, World! 42 Label", Text("${Name} ${N} ${Copy}"))
+        << "Set joins its arguments with the commas that separated them";
+    // Text a member gives belongs to its object: methods may not write into it.
+    EXPECT_EQ(0, Engine.ExecuteCommand("Widget.Child.Name:Set[changed]"));
+    EXPECT_STREQ("Label", Child.Name);
+    Run({"Copy:Set[Other]"});
+    EXPECT_EQ("Other Label", Text("${Copy} ${Widget.Child.Name}"));
+}
+
+TEST_F(ScriptLanguage, DeclareReportsItsMistakes) {
+    Run({"declare X", "declare X nosuchtype", "declare X int banana", "declare Y bool 1"});
+    EXPECT_EQ((std::vector<std::string>{"Syntax: declare NAME TYPE [value]",
+                                        "declare: unknown type 'nosuchtype'",
+                                        "declare: 'banana' is not a value of type int"}),
+              TakeConsole());
+    EXPECT_EQ("0 TRUE", Text("${X} ${Y}")) << "a refused value leaves the type's empty value";
+    Run({"declare Y bool"});
+    EXPECT_EQ("FALSE", Text("${Y}")) << "declaring again starts afresh";
+}
+
+TEST_F(ScriptLanguage, IfElseWhileAndDoRunAsWritten) {
+    RunScript("declare I int 0\n"
+              "declare Log string\n"
+              "while ${I} < 6\n"
+              "{\n"
+              "    I:Inc\n"
+              "    if ${Math.Calc[${I} % 2]} == 0 {\n"
+              "        Log:Concat[e]\n"
+              "    } else if ${I} == 3 {\n"
+              "        Log:Concat[3]\n"
+              "    }\n"
+              "    else\n"
+              "    {\n"
+              "        Log:Concat[o]\n"
+              "    }\n"
+              "}\n"
+              "do\n"
+              "{\n"
+              "    I:Dec[4]\n"
+              "    Log:Concat[d]\n"
+              "} while ${I} > 0\n"
+              "do {\n"
+              "    Log:Concat[!]\n"
+              "} while FALSE\n"
+              "echo ${Log} ${I}\n");
+    EXPECT_EQ(std::vector<std::string>{"oe3eoedd! -2"}, TakeConsole());
+}
+
+TEST_F(ScriptLanguage, AConditionThatCannotBeEvaluatedIsFalseAndSaysWhy) {
+    RunScript("; first line is a comment\n"
+              "if ${Nothing} + 1 > 0\n"
+              "{\n"
+              "    echo never\n"
+              "}\n"
+              "echo after\n",
+              "cond");
+    EXPECT_EQ((std::vector<std::string>{
+                  "Script 'cond' line 2: cannot evaluate 'NULL + 1 > 0': 'NULL' is not a number",
+                  "after"}),
+              TakeConsole());
+}
+
+TEST_F(ScriptLanguage, SyntaxErrorsNameTheirLine) {
+    struct Case {
+        const char* Text;
+        const char* Message;
+    } cases[] = {
+        {"echo a\n}\n", "Syntax error in script bad line 2: '}' without a block to close"},
+        {"if 1\n{\necho a\n",
+         "Syntax error in script bad line 3: a block is not closed: '}' is missing"},
+        {"if 1\necho a\n", "Syntax error in script bad line 2: '{' expected"},
+        {"\n\nelse\n{\n}\n", "Syntax error in script bad line 3: 'else' without 'if'"},
+        {"while\n{\n}\n", "Syntax error in script bad line 1: 'while' needs a condition"},
+        {"do\n{\n}\necho x\n",
+         "Syntax error in script bad line 4: 'do' block must end with 'while' and a condition"},
+        {"if 1\n{\natom A()\n{\n}\n}\n",
+         "Syntax error in script bad line 3: an atom can only be defined at the top level"},
+        {"atom A(int)\n{\n}\n",
+         "Syntax error in script bad line 1: parameter 'int' is not 'TYPE NAME'"},
+        {"atom 9A()\n{\n}\n", "Syntax error in script bad line 1: '9A' is not an atom name"},
+        {"{\n}\n", "Syntax error in script bad line 1: '{' without if, while, do or atom"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(nullptr, Engine.LoadScript("bad", c.Text)) << c.Text;
+        EXPECT_EQ(std::vector<std::string>{c.Message}, TakeConsole()) << c.Text;
+    }
+    std::string deep;
+    for (int i = 0; i < 200; ++i)
+        deep += "if 1\n{\n";
+    EXPECT_EQ(nullptr, Engine.LoadScript("bad", deep));
+    EXPECT_EQ(
+        std::vector<std::string>{"Syntax error in script bad line 130: blocks nest too deeply"},
+        TakeConsole());
+}
