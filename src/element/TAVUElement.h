@@ -10,6 +10,7 @@
 #include "Line.h"
 #include "Platform.h"
 #include "Point2i.h"
+#include "TAVUDrawRecord.h"
 #include "TavuExport.h"
 
 #include <cstddef>
@@ -19,6 +20,7 @@ class TAVUEmbeddedScript;
 class TAVUFixedFont;
 class TAVUFont;
 class TAVUTexture;
+struct TAVUTexturedRect;
 class XMLNode;
 
 // Codes of OnNotify, the small protocol between a control and its parent.
@@ -123,6 +125,12 @@ public:
     bool DrawBorder(tagRECT& rect, unsigned width, unsigned color);
     bool DrawLine(_Line& line, unsigned color, unsigned width);
     bool DrawLines(_Line* lines, unsigned count, unsigned color, unsigned width);
+    bool DrawLine(_Line& line, TAVUTexture* texture, unsigned width);
+    bool DrawLines(_Line* lines, unsigned count, TAVUTexture* texture, unsigned width);
+    bool TexturedRect(tagRECT& rect, TAVUTexture* texture);
+    // Nine cells, so that the texture's frame keeps its size at any rectangle.
+    bool TexturedRectBordered(tagRECT& rect, TAVUTexture* texture, unsigned width);
+    bool TexturedRects(unsigned count, TAVUTexturedRect* rects);
     // A colour with its alpha byte scaled by CurrentAlpha, capped at 255.
     unsigned AdjustColorAlpha(unsigned color);
 
@@ -200,6 +208,7 @@ private:
     void ReadScripts(XMLNode* node, XMLNode* templateNode);
     bool IsOffScreen(const tagRECT& rect);
     bool FillBorderStrips(const tagRECT& rect, unsigned width, unsigned color);
+    void FillTextureRecord(TAVUDrawRecord& record, TAVUTexture* texture);
     void Unlink();
     void LinkAbove(TAVUElement* below);
     void SwapWithNext();

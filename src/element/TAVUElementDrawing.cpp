@@ -6,8 +6,11 @@
 #include "Module.h"
 #include "NumberHelpers.h"
 #include "TAVUScreen.h"
+#include "TAVUTexture.h"
+#include "TAVUTexturedRect.h"
 
 #include <cstdint>
+#include <new>
 
 namespace {
 // The alpha byte of a colour scaled by an element's alpha, capped at a byte.
@@ -98,4 +101,149 @@ bool TAVUElement::DrawLines(_Line* lines, unsigned count, unsigned color, unsign
         g_pHost->DrawLine(&record, width);
     }
     return true;
+}
+
+// The texture's part of a record: its flags with alpha on, its source
+// rectangle, handle, alpha, orientation and colour mask.
+void TAVUElement::FillTextureRecord(TAVUDrawRecord& record, TAVUTexture* texture) {
+    record.Flags = texture->Flags | TAVUDrawRecord::HasAlpha;
+    record.TextureLeft = texture->Left;
+    record.TextureTop = texture->Top;
+    record.TextureRight = texture->Right;
+    record.TextureBottom = texture->Bottom;
+    record.Texture = texture->Texture;
+    // No cap here, unlike colours: the low byte of the product.
+    record.Alpha = uint8_t(TruncateToInt(CurrentAlpha * texture->Alpha * 255.0f));
+    record.Orientation = texture->Orientation;
+    record.ColorMask = texture->ColorMask;
+}
+
+bool TAVUElement::DrawLine(_Line& line, TAVUTexture* texture, unsigned width) {
+    if (!texture || !texture->Prepare()) return false;
+    TAVUDrawRecord record{};
+    FillTextureRecord(record, texture);
+    record.Left = line.x1;
+    record.Top = line.y1;
+    record.Right = line.x2;
+    record.Bottom = line.y2;
+    return g_pHost->DrawLine(&record, width);
+}
+
+bool TAVUElement::DrawLines(_Line* lines, unsigned count, TAVUTexture* texture, unsigned width) {
+    if (!texture || !texture->Prepare()) return false;
+    if (count == 0) return true;
+    if (!lines) return false;
+    TAVUDrawRecord record{};
+    FillTextureRecord(record, texture);
+    for (unsigned i = 0; i < count; ++i) {
+        record.Left = lines[i].x1;
+        record.Top = lines[i].y1;
+        record.Right = lines[i].x2;
+        record.Bottom = lines[i].y2;
+        g_pHost->DrawLine(&record, width);
+    }
+    return true;
+}
+
+// The source rectangle is passed as it stands: a texture that never had its
+// size taken passes zeros, with the rectangle flag clear.
+bool TAVUElement::TexturedRect(tagRECT& rect, TAVUTexture* texture) {
+    if (!texture || !texture->Prepare()) return false;
+    TAVUDrawRecord record{};
+    FillTextureRecord(record, texture);
+    record.Left = rect.left;
+    record.Top = rect.top;
+    record.Right = rect.right;
+    record.Bottom = rect.bottom;
+    return g_pHost->TexturedRect(&record);
+}
+
+namespace {
+// The three spans of one side cut at `edge` from both ends.
+void SplitSpan(LONG from, LONG to, LONG edge, LONG cuts[4]) {
+    cuts[0] = from;
+    cuts[1] = from + edge;
+    cuts[2] = to - edge;
+    cuts[3] = to;
+}
+
+// The source cell (column, row) that shows at a destination cell, so that the
+// nine cells, each turned by the host, assemble the texture turned as a whole:
+// 1 a quarter turn clockwise, 2 a half turn, 3 three quarters.
+void SourceCell(uint8_t orientation, int column, int row, int& sourceColumn, int& sourceRow) {
+    switch (orientation) {
+    case 1:
+        sourceColumn = row, sourceRow = 2 - column;
+        break;
+    case 2:
+        sourceColumn = 2 - column, sourceRow = 2 - row;
+        break;
+    case 3:
+        sourceColumn = 2 - row, sourceRow = column;
+        break;
+    default:
+        sourceColumn = column, sourceRow = row;
+        break;
+    }
+}
+} // namespace
+
+bool TAVUElement::TexturedRectBordered(tagRECT& rect, TAVUTexture* texture, unsigned width) {
+    if (!texture || !texture->Prepare() || !texture->GetSize()) return false;
+    if (width == 0 || texture->Border == 0) return TexturedRect(rect, texture);
+    TAVUDrawRecord record{};
+    FillTextureRecord(record, texture);
+    LONG columns[4], rows[4], sourceColumns[4], sourceRows[4];
+    SplitSpan(rect.left, rect.right, LONG(width), columns);
+    SplitSpan(rect.top, rect.bottom, LONG(width), rows);
+    SplitSpan(texture->Left, texture->Right, LONG(texture->Border), sourceColumns);
+    SplitSpan(texture->Top, texture->Bottom, LONG(texture->Border), sourceRows);
+    TAVUTexturedRect cells[9];
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < 3; ++column) {
+            int sourceColumn = 0, sourceRow = 0;
+            SourceCell(texture->Orientation, column, row, sourceColumn, sourceRow);
+            TAVUTexturedRect& cell = cells[row * 3 + column];
+            cell.Texture = texture;
+            cell.Rect = {columns[column], rows[row], columns[column + 1], rows[row + 1]};
+            cell.Flags = record.Flags;
+            cell.TextureRect = {sourceColumns[sourceColumn], sourceRows[sourceRow],
+                                sourceColumns[sourceColumn + 1], sourceRows[sourceRow + 1]};
+            cell.Alpha = record.Alpha;
+            cell.ColorMask = record.ColorMask;
+            cell.Orientation = record.Orientation;
+        }
+    }
+    return TexturedRects(9, cells);
+}
+
+// The one allocation of a frame: the batch's records, freed after the call.
+bool TAVUElement::TexturedRects(unsigned count, TAVUTexturedRect* rects) {
+    if (!rects) return false;
+    if (count == 0) return true;
+    for (unsigned i = 0; i < count; ++i)
+        if (!rects[i].Texture || !rects[i].Texture->Prepare()) return false;
+    TAVUDrawRecord* records = new (std::nothrow) TAVUDrawRecord[count];
+    if (!records) return false;
+    for (unsigned i = 0; i < count; ++i) {
+        const TAVUTexturedRect& entry = rects[i];
+        TAVUDrawRecord& record = records[i];
+        record = TAVUDrawRecord{};
+        record.Flags = entry.Flags;
+        record.Left = entry.Rect.left;
+        record.Top = entry.Rect.top;
+        record.Right = entry.Rect.right;
+        record.Bottom = entry.Rect.bottom;
+        record.TextureLeft = entry.TextureRect.left;
+        record.TextureTop = entry.TextureRect.top;
+        record.TextureRight = entry.TextureRect.right;
+        record.TextureBottom = entry.TextureRect.bottom;
+        record.Texture = entry.Texture->Texture;
+        record.Alpha = entry.Alpha;
+        record.ColorMask = entry.ColorMask;
+        record.Orientation = entry.Orientation;
+    }
+    bool result = g_pHost->TexturedRects(count, records);
+    delete[] records;
+    return result;
 }

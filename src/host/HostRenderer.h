@@ -21,7 +21,11 @@ class HostRenderer {
 public:
     // Fills a rectangle; the colour's alpha is final.
     virtual bool FillRect(tagRECT* rect, unsigned color) = 0;
-    // Draws one textured rectangle.
+    // Draws one textured rectangle: the source rectangle (the whole image
+    // without flag 1) stretched over the destination. Orientation turns the
+    // source inside the destination: 0 as it is, 1 a quarter turn clockwise,
+    // 2 a half turn, 3 three quarters clockwise. A bordered texture arrives as
+    // nine records whose cells are already placed for the turn.
     virtual bool TexturedRect(TAVUDrawRecord* record) = 0;
     // Draws many; the array is the toolkit's and is freed after the call.
     virtual bool TexturedRects(unsigned count, TAVUDrawRecord* records) = 0;

@@ -1,4 +1,6 @@
 #include "TAVUScreen.h"
+#include "TAVUTexture.h"
+#include "TAVUTexturedRect.h"
 #include "ToolkitTest.h"
 
 #include <gtest/gtest.h>
@@ -87,4 +89,118 @@ TEST_F(Drawing, LineBatchesShareOneRecordWithTheAdjustedColour) {
     EXPECT_EQ(Host.DrawRecords[0].Alpha, 0);
     EXPECT_EQ(Host.DrawRecords[1].ColorMask, 0x7F00FF00u);
     EXPECT_EQ(Host.DrawRecords[1].Right, 6);
+}
+
+class TexturedDrawing : public Drawing {
+protected:
+    void SetUp() override {
+        Drawing::SetUp();
+        Host.TextureSizes["frame.png"] = {30, 30};
+        texture = TAVUTexture::New("frame.png");
+    }
+    void TearDown() override {
+        TAVUTexture::Delete(texture);
+        Drawing::TearDown();
+    }
+    TAVUTexture* texture = nullptr;
+};
+
+TEST_F(TexturedDrawing, ATexturedRectCarriesTheTexturesFieldsAndItsAlphaUncapped) {
+    texture->Alpha = 0.5f;
+    texture->Orientation = 2;
+    texture->ColorMask = 0xFF00FF00u;
+    texture->Flags = TAVUTexture::HasColorMask;
+    element->CurrentAlpha = 0.8f;
+    tagRECT rect{5, 6, 50, 60};
+    EXPECT_TRUE(element->TexturedRect(rect, texture));
+    ASSERT_EQ(Host.DrawRecords.size(), 1u);
+    const TAVUDrawRecord& record = Host.DrawRecords[0];
+    EXPECT_EQ(record.Flags, 6u); // colour mask, and alpha always
+    EXPECT_EQ(record.Right, 50);
+    EXPECT_EQ(record.TextureRight, 0); // no size taken: zeros, rectangle flag clear
+    EXPECT_EQ(record.Texture, texture->Texture);
+    EXPECT_EQ(record.Alpha, 102); // 0.8 * 0.5 * 255
+    EXPECT_EQ(record.Orientation, 2);
+    EXPECT_EQ(record.ColorMask, 0xFF00FF00u);
+    texture->Alpha = 1.5f; // no cap: the low byte of 382
+    EXPECT_TRUE(element->TexturedRect(rect, texture));
+    EXPECT_EQ(Host.DrawRecords[1].Alpha, uint8_t(int(0.8f * 1.5f * 255.0f)));
+    EXPECT_FALSE(element->TexturedRect(rect, nullptr));
+    Host.MissingTextures.insert("gone.png");
+    TAVUTexture* missing = TAVUTexture::New("gone.png");
+    EXPECT_FALSE(element->TexturedRect(rect, missing));
+    TAVUTexture::Delete(missing);
+}
+
+TEST_F(TexturedDrawing, ABorderedTextureIsNineCellsKeepingItsFrame) {
+    texture->Border = 10;
+    tagRECT rect{0, 0, 100, 50};
+    EXPECT_TRUE(element->TexturedRectBordered(rect, texture, 4));
+    ASSERT_EQ(Host.Count("TexturedRects"), 1u);
+    ASSERT_EQ(Host.DrawRecords.size(), 9u);
+    const TAVUDrawRecord& corner = Host.DrawRecords[0];
+    EXPECT_EQ(corner.Right, 4);
+    EXPECT_EQ(corner.Bottom, 4);
+    EXPECT_EQ(corner.TextureRight, 10);
+    const TAVUDrawRecord& middle = Host.DrawRecords[4];
+    EXPECT_EQ(middle.Left, 4);
+    EXPECT_EQ(middle.Right, 96);
+    EXPECT_EQ(middle.Bottom, 46);
+    EXPECT_EQ(middle.TextureLeft, 10);
+    EXPECT_EQ(middle.TextureRight, 20);
+    EXPECT_EQ(Host.DrawRecords[8].TextureBottom, 30);
+    Host.ClearRecords();
+    EXPECT_TRUE(element->TexturedRectBordered(rect, texture, 0)); // no width: one plain rect
+    EXPECT_EQ(Host.Count("TexturedRect"), 1u);
+}
+
+TEST_F(TexturedDrawing, TurnedBorderedTexturesMoveTheSourceCellsAround) {
+    texture->Border = 10;
+    tagRECT rect{0, 0, 90, 90};
+    auto sourceOf = [&](int cell) {
+        const TAVUDrawRecord& r = Host.DrawRecords[size_t(cell)];
+        return std::to_string(r.TextureLeft / 10) + std::to_string(r.TextureTop / 10);
+    };
+    texture->Orientation = 1; // a quarter turn clockwise: bottom-left comes to top-left
+    element->TexturedRectBordered(rect, texture, 10);
+    EXPECT_EQ(sourceOf(0), "02");
+    EXPECT_EQ(sourceOf(2), "00");
+    EXPECT_EQ(sourceOf(8), "20");
+    Host.ClearRecords();
+    texture->Orientation = 2;
+    element->TexturedRectBordered(rect, texture, 10);
+    EXPECT_EQ(sourceOf(0), "22");
+    EXPECT_EQ(sourceOf(1), "12");
+    Host.ClearRecords();
+    texture->Orientation = 3;
+    element->TexturedRectBordered(rect, texture, 10);
+    EXPECT_EQ(sourceOf(0), "20");
+    EXPECT_EQ(sourceOf(6), "00");
+}
+
+TEST_F(TexturedDrawing, BatchesRefuseAnyMissingTextureAndDrawNothing) {
+    ASSERT_TRUE(texture->Prepare());
+    TAVUTexturedRect cells[2] = {};
+    cells[0].Texture = texture;
+    cells[0].Rect = {1, 2, 3, 4};
+    cells[0].Alpha = 77;
+    EXPECT_FALSE(element->TexturedRects(2, cells)); // the second has no texture
+    EXPECT_TRUE(Host.DrawRecords.empty());
+    EXPECT_FALSE(element->TexturedRects(1, nullptr));
+    EXPECT_TRUE(element->TexturedRects(0, cells));
+    element->CurrentAlpha = 0.1f; // final alpha: not applied again
+    EXPECT_TRUE(element->TexturedRects(1, cells));
+    ASSERT_EQ(Host.DrawRecords.size(), 1u);
+    EXPECT_EQ(Host.DrawRecords[0].Alpha, 77);
+    EXPECT_EQ(Host.DrawRecords[0].Bottom, 4);
+}
+
+TEST_F(TexturedDrawing, TexturedLinesNeedATextureEvenForNoLines) {
+    EXPECT_FALSE(element->DrawLines(nullptr, 0, static_cast<TAVUTexture*>(nullptr), 1));
+    EXPECT_TRUE(element->DrawLines(nullptr, 0, texture, 1));
+    _Line line{0, 0, 5, 5};
+    EXPECT_TRUE(element->DrawLine(line, texture, 2));
+    ASSERT_EQ(Host.DrawRecords.size(), 1u);
+    EXPECT_EQ(Host.DrawRecords[0].Texture, texture->Texture);
+    EXPECT_EQ(Host.DrawRecords[0].Flags & 2u, 2u);
 }
