@@ -1,0 +1,310 @@
+#include "TAVUFactory.h"
+#include "TAVUFixedFont.h"
+#include "TAVUFont.h"
+#include "TAVUScreen.h"
+#include "ToolkitTest.h"
+#include "XMLNode.h"
+#include "XMLParser.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+// An owner that records what its fonts tell it.
+class FontOwner : public TAVUElement {
+public:
+    using TAVUElement::TAVUElement;
+    void OnNotify(TAVUElement* source, unsigned code, size_t value) override {
+        Notes.push_back({source, code, value});
+    }
+    struct Note {
+        TAVUElement* Source;
+        unsigned Code;
+        size_t Value;
+    };
+    std::vector<Note> Notes;
+};
+TAVUFactory<FontOwner> g_FontOwnerFactory("fontowner");
+
+class Document {
+public:
+    explicit Document(const char* text) { EXPECT_TRUE(Parser.ParseBuffer(text, 0)) << text; }
+    XMLNode* Node() { return Parser.Root ? Parser.Root->FirstChild : nullptr; }
+
+private:
+    XMLParser Parser;
+};
+
+// A font that is deleted at the end of the test, through its own class.
+template <class T> struct Owned {
+    T* Font;
+    T* operator->() { return Font; }
+    ~Owned() { TAVUFont::Delete(Font); }
+};
+} // namespace
+
+class Font : public ToolkitTest {
+protected:
+    void SetUp() override {
+        ToolkitTest::SetUp();
+        Owner = static_cast<FontOwner*>(
+            g_FontOwnerFactory.CreateUIElement(g_UIManager.Screen, "Owner"));
+        g_UIManager.Render(); // the screen takes the display's size
+        Host.ClearRecords();
+    }
+    FontOwner* Owner = nullptr;
+};
+
+TEST_F(Font, TheConstructorsFillWhatTheRequestLeavesOpen) {
+    Owned<TAVUFont> plain{TAVUFont::New(Owner, nullptr, 14, true, false)};
+    EXPECT_STREQ(plain->Name, "");
+    EXPECT_EQ(plain->Height, 14u);
+    EXPECT_EQ(plain->Color, 0xFFFFFFFFu);
+    EXPECT_TRUE(plain->Fixed);
+    EXPECT_FALSE(plain->Bold);
+    EXPECT_EQ(plain->Element, Owner);
+    EXPECT_EQ(plain->Font, 0u);
+
+    Document node(R"(<Font Color="FF102030" Size="18"><Name>Serif</Name></Font>)");
+    _CreateFont open{nullptr, 0, 0, true, false};
+    Owned<TAVUFont> fromNode{TAVUFont::New(Owner, open, node.Node())};
+    EXPECT_STREQ(fromNode->Name, "Serif");
+    EXPECT_EQ(fromNode->Color, 0xFF102030u);
+    EXPECT_EQ(fromNode->Height, 18u);
+    EXPECT_TRUE(fromNode->Bold);
+
+    _CreateFont given{"Mono", 9, 0xFF0000FF, false, true};
+    Owned<TAVUFont> requested{TAVUFont::New(Owner, given, node.Node())};
+    EXPECT_STREQ(requested->Name, "Mono");
+    EXPECT_EQ(requested->Color, 0xFF0000FFu);
+    EXPECT_EQ(requested->Height, 9u);
+
+    Owned<TAVUFont> withoutNode{TAVUFont::New(Owner, open, nullptr)};
+    EXPECT_STREQ(withoutNode->Name, "");
+    EXPECT_EQ(withoutNode->Color, 0xFFFFFFFFu);
+    EXPECT_EQ(withoutNode->Height, 0u);
+
+    fromNode->Color = 0;
+    ASSERT_TRUE(fromNode->Prepare());
+    Owned<TAVUFont> copy{TAVUFont::New(nullptr, *fromNode.Font)};
+    EXPECT_STREQ(copy->Name, "Serif");
+    EXPECT_NE(copy->Name, fromNode->Name);
+    EXPECT_EQ(copy->Color, 0u);
+    EXPECT_EQ(copy->Height, 18u);
+    EXPECT_TRUE(copy->Bold);
+    EXPECT_EQ(copy->Font, 0u);
+
+    Owned<TAVUFixedFont> fixed{TAVUFixedFont::New(Owner, "Console", 12, true)};
+    EXPECT_TRUE(fixed->Fixed);
+    EXPECT_TRUE(fixed->Bold);
+    Owned<TAVUFixedFont> fixedCopy{TAVUFixedFont::New(Owner, *plain.Font)};
+    EXPECT_TRUE(fixedCopy->Fixed);
+    Owned<TAVUFixedFont> fixedRequest{TAVUFixedFont::New(Owner, open, node.Node())};
+    EXPECT_STREQ(fixedRequest->Name, "Serif");
+    EXPECT_EQ(fixedRequest->Height, 18u);
+}
+
+TEST_F(Font, PreparingAsksTheHostOnceAndAFixedFontAlwaysAsksForFixedPitch) {
+    Owned<TAVUFont> font{TAVUFont::New(Owner, "Sans", 16, false, true)};
+    ASSERT_TRUE(font->Prepare());
+    ASSERT_TRUE(font->Prepare());
+    ASSERT_EQ(Host.Count("AcquireFont"), 1u);
+    EXPECT_EQ(Host.CallsNamed("AcquireFont")[0].Line(), "AcquireFont \"Sans\" 16 false true");
+
+    Owned<TAVUFixedFont> fixed{TAVUFixedFont::New(Owner, "Mono", 10, false)};
+    fixed->Fixed = false;
+    ASSERT_TRUE(fixed->Prepare());
+    EXPECT_EQ(Host.CallsNamed("AcquireFont")[1].Line(), "AcquireFont \"Mono\" 10 true false");
+    EXPECT_FALSE(fixed->IsFixedFont()); // the field answers, once prepared
+
+    Host.FailFonts = true;
+    Owned<TAVUFont> refused{TAVUFont::New(Owner, "Gone", 12, true, false)};
+    EXPECT_FALSE(refused->Prepare());
+    EXPECT_FALSE(refused->IsFixedFont());
+    EXPECT_EQ(refused->Draw("text", 0, 0, 0), 0u);
+    EXPECT_EQ(Host.Count("DrawText"), 0u);
+}
+
+TEST_F(Font, DrawingPassesRectangleFormatAndTheOwnersAlpha) {
+    Owned<TAVUFont> font{TAVUFont::New(Owner, "Sans", 12, false, false)};
+    font->Color = 0x80FF8040;
+    EXPECT_EQ(font->Draw("abc", 10, 20, 0), 21u);
+    font->Draw("abc", 10, 20, 50);
+    font->DrawCenter("abc", 10, 20, 50);
+    font->DrawRight("abc", 10, 20, 0);
+    ASSERT_EQ(Host.Texts.size(), 4u);
+    const FakeHost::Text& unclipped = Host.Texts[0];
+    EXPECT_EQ(unclipped.Format, 0x120u);
+    EXPECT_EQ(unclipped.Color, 0x80FF8040u);
+    EXPECT_EQ(unclipped.Rect.left, 10);
+    EXPECT_EQ(unclipped.Rect.top, 20);
+    EXPECT_EQ(unclipped.Rect.right, 10);
+    EXPECT_EQ(unclipped.Rect.bottom, 600); // the screen's height
+    EXPECT_EQ(Host.Texts[1].Format, 0x20u);
+    EXPECT_EQ(Host.Texts[1].Rect.right, 60);
+    EXPECT_EQ(Host.Texts[2].Format, 0x21u);
+    EXPECT_EQ(Host.Texts[3].Format, 0x122u);
+
+    Owner->CurrentAlpha = 0.5f;
+    font->Draw("a", 0, 0, 0);
+    EXPECT_EQ(Host.Texts.back().Color, 0x40FF8040u);
+    Owner->CurrentAlpha = 4.0f; // capped
+    font->Draw("a", 0, 0, 0);
+    EXPECT_EQ(Host.Texts.back().Color, 0xFFFF8040u);
+    Owner->CurrentAlpha = 1.0f;
+
+    Host.Texts.clear();
+    EXPECT_EQ(font->DrawClipped("", 0, 0, 100), 0u);
+    EXPECT_EQ(font->DrawClipped("abc", 100, 0, 100), 0u);
+    EXPECT_EQ(font->DrawRightClipped("abc", 101, 0, 100), 0u);
+    EXPECT_TRUE(Host.Texts.empty());
+    font->DrawCenterClipped("abc", 30, 0, 100);
+    ASSERT_EQ(Host.Texts.size(), 1u);
+    EXPECT_EQ(Host.Texts[0].Rect.right, 100);
+    EXPECT_EQ(Host.Texts[0].Format, 0x21u);
+}
+
+TEST_F(Font, MeasuresComeFromTheHostOrTwelvePixelsPerCharacter) {
+    Owned<TAVUFont> font{TAVUFont::New(Owner, "Sans", 12, false, false)};
+    EXPECT_EQ(font->GetTextWidth(nullptr), 0u);
+    EXPECT_EQ(font->GetTextWidth("abcd"), 28u);
+    EXPECT_EQ(font->GetTextWidth("abcdef", 2), 14u);
+    EXPECT_EQ(Host.CallsNamed("MeasureText").back().Args[1], "\"ab\"");
+    EXPECT_EQ(font->GetTextWidth("abc", 10), 21u); // only up to the text's end
+    std::string longText(5000, 'w');
+    EXPECT_EQ(font->GetTextWidth(longText.c_str(), 4097), 35000u); // measured whole
+    EXPECT_EQ(font->GetTextWidth(longText.c_str(), 4096), 28672u);
+    EXPECT_EQ(font->GetTextWidth(nullptr, 3), 0u);
+
+    Host.FailFonts = true;
+    Owned<TAVUFont> none{TAVUFont::New(Owner, "Gone", 12, false, false)};
+    EXPECT_EQ(none->GetTextWidth("abcd"), 48u);
+    EXPECT_EQ(none->GetTextWidth("abcd", 10), 120u);
+    EXPECT_EQ(Host.Count("MeasureText"), 5u);
+}
+
+TEST_F(Font, CharactersByOffsetFitWhatThePixelsHold) {
+    Owned<TAVUFont> proportional{TAVUFont::New(Owner, "Sans", 12, false, false)};
+    EXPECT_EQ(proportional->GetCharByOffset("hello", 20), 2u);
+    EXPECT_EQ(proportional->GetCharByOffset("hello", 21), 3u); // a character that just fits
+    EXPECT_EQ(proportional->GetCharByOffset("hello", 1000), 5u);
+    EXPECT_EQ(proportional->GetCharByOffset("", 1000), 0u);
+    EXPECT_EQ(proportional->GetCharByOffset(nullptr, 1000), 0u);
+    auto perByte = Host.CallsNamed("GetCharWidths");
+    ASSERT_GE(perByte.size(), 3u);
+    EXPECT_EQ(perByte[0].Line(),
+              "GetCharWidths " + std::to_string(proportional->Font) + " 104 104");
+
+    Owned<TAVUFixedFont> fixed{TAVUFixedFont::New(Owner, "Mono", 12, false)};
+    Host.ClearRecords();
+    EXPECT_EQ(fixed->GetCharByOffset("hello", 20), 2u);
+    EXPECT_EQ(fixed->GetCharByOffset("hello", 1000), 5u);
+    EXPECT_EQ(Host.Count("GetCharWidths"), 2u); // one call per query
+    EXPECT_EQ(Host.CallsNamed("GetCharWidths")[0].Line(),
+              "GetCharWidths " + std::to_string(fixed->Font) + " 32 32");
+    EXPECT_EQ(fixed->GetCharWidth(), 7u);
+
+    Host.CharWidth = 0; // a host that knows no width: 12, never a division by zero
+    EXPECT_EQ(fixed->GetCharWidth(), 12u);
+    EXPECT_EQ(fixed->GetCharByOffset("hello", 25), 2u);
+
+    Host.FailFonts = true;
+    Owned<TAVUFixedFont> none{TAVUFixedFont::New(Owner, "Gone", 12, false)};
+    EXPECT_EQ(none->GetCharWidth(), 12u);
+    EXPECT_EQ(none->GetCharByOffset("hello", 100), 0u);
+}
+
+TEST_F(Font, ChangesReleaseTheFaceAndTellTheOwnerOnlyWhenSomethingDiffers) {
+    Owned<TAVUFont> font{TAVUFont::New(Owner, "Sans", 12, false, false)};
+    ASSERT_TRUE(font->Prepare());
+    unsigned handle = font->Font;
+    font->SetName("SANS");
+    font->SetBold(false);
+    font->SetHeight(12);
+    EXPECT_TRUE(Owner->Notes.empty());
+    EXPECT_EQ(Host.Count("ReleaseFont"), 0u);
+
+    font->SetName("Serif");
+    ASSERT_EQ(Owner->Notes.size(), 1u);
+    EXPECT_EQ(Owner->Notes[0].Source, nullptr);
+    EXPECT_EQ(Owner->Notes[0].Code, 50u);
+    EXPECT_EQ(Owner->Notes[0].Value, reinterpret_cast<size_t>(font.Font));
+    EXPECT_EQ(font->Font, 0u);
+    EXPECT_EQ(Host.CallsNamed("ReleaseFont")[0].Line(), "ReleaseFont " + std::to_string(handle));
+
+    font->SetBold(true); // unprepared: nothing to give back, but the owner hears it
+    font->SetHeight(20);
+    font->SetName(nullptr);
+    EXPECT_STREQ(font->Name, "");
+    EXPECT_EQ(Owner->Notes.size(), 4u);
+    EXPECT_EQ(Host.Count("ReleaseFont"), 1u);
+    ASSERT_TRUE(font->Prepare());
+    EXPECT_EQ(Host.CallsNamed("AcquireFont").back().Line(), "AcquireFont \"\" 20 false true");
+
+    Owned<TAVUFont> orphan{TAVUFont::New(nullptr, "Sans", 12, false, false)};
+    orphan->SetBold(true); // no owner to tell
+    EXPECT_TRUE(orphan->Bold);
+}
+
+TEST_F(Font, HandlesGoBackOnceAndNeverAfterShutdown) {
+    TAVUFont* font = TAVUFont::New(Owner, "Sans", 12, false, false);
+    ASSERT_TRUE(font->Prepare());
+    font->Release();
+    font->Release();
+    EXPECT_EQ(Host.Count("ReleaseFont"), 1u);
+    ASSERT_TRUE(font->Prepare());
+    TAVUFont::Delete(font);
+    EXPECT_EQ(Host.Count("ReleaseFont"), 2u);
+    EXPECT_TRUE(Host.LiveFonts.empty());
+    TAVUFont::Delete(nullptr);
+
+    TAVUFont* fixed = TAVUFixedFont::New(nullptr, "Mono", 12, false);
+    ASSERT_TRUE(fixed->Prepare());
+    TAVUFont* late = TAVUFont::New(nullptr, "Sans", 12, false, false);
+    ASSERT_TRUE(late->Prepare());
+    g_UIManager.Shutdown();
+    Host.ClearRecords();
+    fixed->Delete();
+    late->Delete();
+    EXPECT_EQ(Host.Count("ReleaseFont"), 0u);
+}
+
+TEST_F(Font, ReadingFromXMLInheritsFromTheTemplateOrTheDefaultFont) {
+    Owned<TAVUFont> none{TAVUFont::NewFromXML(Owner, nullptr)};
+    EXPECT_STREQ(none->Name, "");
+    EXPECT_EQ(none->Height, 12u);
+    EXPECT_EQ(none->Color, 0xFFFFFFFFu);
+    EXPECT_FALSE(none->Fixed);
+
+    g_UIManager.AddTemplate("Title Font", R"(<Template><Name>Serif</Name><Size>24</Size>
+        <Bold/><Color>FFAA0000</Color></Template>)");
+    Document titled(R"(<Font Template="title font"><Size>30</Size><Fixed>1</Fixed></Font>)");
+    Owned<TAVUFont> title{TAVUFont::NewFromXML(Owner, titled.Node())};
+    EXPECT_STREQ(title->Name, "Serif");
+    EXPECT_EQ(title->Height, 30u);
+    EXPECT_TRUE(title->Bold);
+    EXPECT_TRUE(title->Fixed);
+    EXPECT_EQ(title->Color, 0xFFAA0000u);
+    EXPECT_EQ(title->Element, Owner);
+
+    Document plain(R"(<Font Template="unknown"><Size>300</Size></Font>)");
+    Owned<TAVUFont> noColor{TAVUFont::NewFromXML(Owner, plain.Node())};
+    EXPECT_EQ(noColor->Color, 0u); // no colour anywhere: invisible text
+    EXPECT_EQ(noColor->Height, 300u & 0xFF);
+
+    g_UIManager.AddTemplate("Default Font", R"(<Template><Name>Body</Name><Fixed/></Template>)");
+    Owned<TAVUFont> byDefault{TAVUFont::NewFromXML(Owner, plain.Node())};
+    EXPECT_STREQ(byDefault->Name, "Body");
+    EXPECT_TRUE(byDefault->Fixed);
+
+    Owned<TAVUFixedFont> fixedNone{TAVUFixedFont::NewFromXML(Owner, nullptr)};
+    EXPECT_EQ(fixedNone->Height, 12u);
+    EXPECT_TRUE(fixedNone->Fixed);
+    Document notFixed(R"(<Font><Fixed>0</Fixed><Color>FF00FF00</Color></Font>)");
+    Owned<TAVUFixedFont> console{TAVUFixedFont::NewFromXML(Owner, notFixed.Node())};
+    EXPECT_TRUE(console->Fixed); // no "Fixed" key for a fixed font
+    EXPECT_STREQ(console->Name, "Body");
+    EXPECT_EQ(console->Color, 0xFF00FF00u);
+}
