@@ -1,13 +1,47 @@
 #include "XMLAttribute.h"
 
 #include "StringHelpers.h"
+#include "XMLArena.h"
+
+#include <cstdlib>
+#include <cstring>
 
 XMLAttribute::XMLAttribute(const char* name, const char* value)
     : Name(StrDuplicate(name ? name : "")), Value(StrDuplicate(value ? value : "")) {}
 
+XMLAttribute::XMLAttribute(const char* name, size_t nameLength, const char* value,
+                           size_t valueLength) {
+    Name = NameInBlock = reinterpret_cast<char*>(this + 1);
+    memcpy(Name, name, nameLength + 1);
+    Value = ValueInBlock = Name + nameLength + 1;
+    memcpy(Value, value, valueLength + 1);
+}
+
+XMLAttribute* XMLAttribute::Create(const char* name, const char* value, XMLArena* arena) {
+    if (!name) name = "";
+    if (!value) value = "";
+    size_t nameLength = strlen(name);
+    size_t valueLength = strlen(value);
+    return new (nameLength + valueLength + 2, arena)
+        XMLAttribute(name, nameLength, value, valueLength);
+}
+
+void* XMLAttribute::operator new(size_t size) noexcept {
+    return XMLArena::AllocateLoose(size);
+}
+void* XMLAttribute::operator new(size_t size, size_t extraBytes, XMLArena* arena) noexcept {
+    return arena ? arena->Allocate(size + extraBytes) : XMLArena::AllocateLoose(size + extraBytes);
+}
+void XMLAttribute::operator delete(void* block) noexcept {
+    XMLArena::Release(block);
+}
+void XMLAttribute::operator delete(void* block, size_t, XMLArena*) noexcept {
+    XMLArena::Release(block);
+}
+
 XMLAttribute::~XMLAttribute() {
-    StrFree(Name);
-    StrFree(Value);
+    if (Name != NameInBlock) StrFree(Name);
+    if (Value != ValueInBlock) StrFree(Value);
 }
 
 void XMLAttribute::Destroy() {
@@ -15,6 +49,6 @@ void XMLAttribute::Destroy() {
 }
 
 void XMLAttribute::SetValue(const char* value) {
-    StrFree(Value);
+    if (Value != ValueInBlock) StrFree(Value);
     Value = StrDuplicate(value ? value : "");
 }

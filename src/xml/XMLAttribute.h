@@ -3,10 +3,21 @@
 
 #include "TavuExport.h"
 
+#include <cstddef>
+
+class XMLArena;
+
 class TAVU_API XMLAttribute {
 public:
     // Both texts are copied; a null text is taken as empty.
     XMLAttribute(const char* name, const char* value);
+    // The same with both texts in the attribute's own allocation, carved from
+    // the arena when one is given.
+    static XMLAttribute* Create(const char* name, const char* value, XMLArena* arena = nullptr);
+    static void* operator new(size_t size) noexcept;
+    static void* operator new(size_t size, size_t extraBytes, XMLArena* arena) noexcept;
+    static void operator delete(void* block) noexcept;
+    static void operator delete(void* block, size_t extraBytes, XMLArena* arena) noexcept;
     XMLAttribute(const XMLAttribute&) = delete;
     XMLAttribute& operator=(const XMLAttribute&) = delete;
     // Frees the two texts only: the owning node deletes the rest of the chain.
@@ -14,10 +25,19 @@ public:
     // Deletes the attribute through its destructor.
     virtual void Destroy();
 
-    // Replaces the value with a copy of the given text.
+    // Replaces the value with a copy of the given text. Name and Value belong
+    // to the attribute and may share its allocation: nobody else frees them.
     void SetValue(const char* value);
 
     char* Name;
     char* Value;
     XMLAttribute* Next = nullptr;
+
+private:
+    // Where the texts stand when they share the attribute's own block; a text
+    // anywhere else is a heap copy of its own and is freed.
+    char* NameInBlock = nullptr;
+    char* ValueInBlock = nullptr;
+
+    XMLAttribute(const char* name, size_t nameLength, const char* value, size_t valueLength);
 };

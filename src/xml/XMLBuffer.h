@@ -7,7 +7,7 @@ class XMLBuffer : public XMLStream {
 public:
     // The text is not copied and must outlive the stream.
     XMLBuffer(XMLParser* owner, const char* source, size_t sourceLength);
-    size_t Read(char16_t* destination, size_t capacity) override;
+    size_t Read(char* destination, size_t capacity) override;
 
     const char* Source;
     size_t SourceLength;

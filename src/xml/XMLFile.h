@@ -10,8 +10,8 @@ public:
     // The file stays open after the stream is gone: whoever opened it closes it.
     XMLFile(XMLParser* owner, FILE* file);
     ~XMLFile() override;
-    // One file read of up to capacity bytes, decoded into at most capacity units.
-    size_t Read(char16_t* destination, size_t capacity) override;
+    // One file read of up to capacity bytes, decoded.
+    size_t Read(char* destination, size_t capacity) override;
 
     FILE* File;
 

@@ -1,6 +1,7 @@
 #include "XMLNode.h"
 
 #include "StringHelpers.h"
+#include "XMLArena.h"
 #include "XMLAttribute.h"
 
 #include <cstdlib>
@@ -19,15 +20,41 @@ char* DuplicateBytes(const char* text, size_t length) {
 } // namespace
 
 XMLNode::XMLNode(XMLNode* parent, const char* name, uint32_t type)
-    : XMLNode(parent, name ? name : "", name ? strlen(name) : 0, type) {}
+    : XMLNode(parent, name ? name : "", name ? strlen(name) : 0, type, false) {}
 
-XMLNode::XMLNode(XMLNode* parent, const char* name, size_t nameLength, uint32_t type)
-    : Name(DuplicateBytes(name ? name : "", name ? nameLength : 0)), Type(type) {
+XMLNode::XMLNode(XMLNode* parent, const char* name, size_t nameLength, uint32_t type, bool inBlock)
+    : Type(type), NameInBlock(inBlock) {
+    if (inBlock) {
+        Name = BlockName();
+        if (nameLength) memcpy(Name, name, nameLength);
+        Name[nameLength] = 0;
+    } else {
+        Name = DuplicateBytes(name, nameLength);
+    }
     if (parent) AppendTo(parent);
 }
 
+XMLNode* XMLNode::Create(XMLNode* parent, const char* name, size_t nameLength, uint32_t type,
+                         XMLArena* arena) {
+    if (!name) nameLength = 0;
+    return new (nameLength + 1, arena) XMLNode(parent, name ? name : "", nameLength, type, true);
+}
+
+void* XMLNode::operator new(size_t size) noexcept {
+    return XMLArena::AllocateLoose(size);
+}
+void* XMLNode::operator new(size_t size, size_t extraBytes, XMLArena* arena) noexcept {
+    return arena ? arena->Allocate(size + extraBytes) : XMLArena::AllocateLoose(size + extraBytes);
+}
+void XMLNode::operator delete(void* block) noexcept {
+    XMLArena::Release(block);
+}
+void XMLNode::operator delete(void* block, size_t, XMLArena*) noexcept {
+    XMLArena::Release(block);
+}
+
 XMLNode::~XMLNode() {
-    StrFree(Name);
+    if (!NameInBlock || Name != BlockName()) StrFree(Name);
     for (XMLAttribute* attribute = FirstAttribute; attribute;) {
         XMLAttribute* next = attribute->Next;
         delete attribute;
@@ -49,6 +76,11 @@ XMLNode::~XMLNode() {
         }
         delete node;
     }
+}
+
+void XMLNode::SetName(const char* name) {
+    if (!NameInBlock || Name != BlockName()) StrFree(Name);
+    Name = StrDuplicate(name ? name : "");
 }
 
 void XMLNode::Destroy() {
@@ -80,7 +112,7 @@ void XMLNode::SetAttribute(const char* name, const char* value) {
         }
         last = attribute;
     }
-    XMLAttribute* added = new XMLAttribute(name, value);
+    XMLAttribute* added = XMLAttribute::Create(name, value);
     if (last)
         last->Next = added;
     else
@@ -88,7 +120,7 @@ void XMLNode::SetAttribute(const char* name, const char* value) {
 }
 
 XMLNode* XMLNode::CloneShallow(XMLNode* newParent) const {
-    XMLNode* copy = new XMLNode(newParent, Name, Type);
+    XMLNode* copy = Create(newParent, Name, Name ? strlen(Name) : 0, Type);
     for (XMLAttribute* attribute = FirstAttribute; attribute; attribute = attribute->Next)
         copy->SetAttribute(attribute->Name, attribute->Value);
     return copy;

@@ -221,6 +221,8 @@ bool XMLParser::ParseStream(XMLStream* stream) {
     Stream = stream;
     bool parsed = Parse();
     Stream = nullptr;
+    // A later document never shares a chunk with this one.
+    Arena.Retire();
     delete stream;
     return parsed;
 }
@@ -275,13 +277,14 @@ bool XMLParser::ReadContent(TagResult& result) {
         return ReadContentReference();
     default:
         Text.append(Token.Text, Token.Length);
+        Stream->TakePlainText(Text);
         return true;
     }
 }
 
 void XMLParser::FlushText() {
     if (Text.empty()) return;
-    new XMLNode(Current, Text.data(), Text.size(), XMLNode::Text);
+    XMLNode::Create(Current, Text.data(), Text.size(), XMLNode::Text, &Arena);
     Text.clear();
 }
 
@@ -326,7 +329,7 @@ XMLParser::TagResult XMLParser::ReadTag() {
 // An opening tag. A "/" anywhere in it makes the element self-closing, and the
 // ">" that ends such a tag is left for the caller to step over.
 XMLParser::TagResult XMLParser::ReadElement() {
-    XMLNode* node = new XMLNode(Current, Token.Text, Token.Length, XMLNode::Element);
+    XMLNode* node = XMLNode::Create(Current, Token.Text, Token.Length, XMLNode::Element, &Arena);
     bool selfClosing = false;
     for (;;) {
         if (!Next()) return TagFailed;
@@ -443,10 +446,20 @@ void XMLParser::StoreAttribute(XMLNode* node, const char* name, const char* valu
     }
     if (!IndexedTail) {
         size_t count = 0;
-        for (XMLAttribute* a = node->FirstAttribute; a; a = a->Next)
-            ++count;
-        if (count < kIndexedAttributes) {
-            node->SetAttribute(name, value);
+        XMLAttribute* last = nullptr;
+        for (XMLAttribute* a = node->FirstAttribute; a; a = a->Next, ++count) {
+            if (StrCompareNoCase(a->Name, name) == 0) {
+                a->SetValue(value);
+                return;
+            }
+            last = a;
+        }
+        if (count + 1 < kIndexedAttributes) {
+            XMLAttribute* added = XMLAttribute::Create(name, value, &Arena);
+            if (last)
+                last->Next = added;
+            else
+                node->FirstAttribute = added;
             return;
         }
         for (XMLAttribute* a = node->FirstAttribute; a; a = a->Next) {
@@ -460,7 +473,7 @@ void XMLParser::StoreAttribute(XMLNode* node, const char* name, const char* valu
         found->second->SetValue(value);
         return;
     }
-    XMLAttribute* added = new XMLAttribute(name, value);
+    XMLAttribute* added = XMLAttribute::Create(name, value, &Arena);
     IndexedTail->Next = added;
     IndexedTail = added;
     AttributeIndex.emplace(std::move(key), added);
@@ -518,7 +531,7 @@ bool XMLParser::ReadComment() {
         Text.append(Token.Text, Token.Length);
         if (!Next()) return false;
     }
-    new XMLNode(Current, Text.data(), Text.size(), XMLNode::Comment);
+    XMLNode::Create(Current, Text.data(), Text.size(), XMLNode::Comment, &Arena);
     Text.clear();
     return true;
 }
@@ -545,7 +558,7 @@ bool XMLParser::ReadDoctypeLiteral(bool startWithCurrent) {
 bool XMLParser::ReadDoctype() {
     if (!NextSkippingSpace()) return false;
     if (Token.Kind != XMLToken::Word) return false;
-    XMLNode* node = new XMLNode(Current, Token.Text, Token.Length, XMLNode::Doctype);
+    XMLNode* node = XMLNode::Create(Current, Token.Text, Token.Length, XMLNode::Doctype, &Arena);
     if (!NextSkippingSpace()) return false;
     if (Token.Kind == XMLToken::LeftBracket) {
         SetErrorText("DOCTYPE internal subset not currently supported");
@@ -586,7 +599,8 @@ bool XMLParser::ReadDoctype() {
 bool XMLParser::ReadProcessingInstruction() {
     if (!NextSkippingSpace()) return false;
     if (Token.Kind != XMLToken::Word) return false;
-    XMLNode* node = new XMLNode(Current, Token.Text, Token.Length, XMLNode::ProcessingInstruction);
+    XMLNode* node =
+        XMLNode::Create(Current, Token.Text, Token.Length, XMLNode::ProcessingInstruction, &Arena);
     for (;;) {
         if (!Next()) return false;
         switch (Token.Kind) {

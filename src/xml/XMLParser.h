@@ -8,6 +8,7 @@
 #pragma once
 
 #include "TavuExport.h"
+#include "XMLArena.h"
 #include "XMLToken.h"
 
 #include <cstddef>
@@ -57,6 +58,7 @@ private:
     enum TagResult { TagFailed, TagDone, TagOpened };
 
     XMLToken Token;
+    XMLArena Arena;      // nodes and attributes of the document being read
     std::string Text;    // content, comment or literal being collected
     std::string Value;   // attribute value being collected
     std::string Name;    // attribute name

@@ -11,13 +11,13 @@
 
 namespace {
 
-// Token kinds of the units below 94 that stand on their own; 0 marks a unit
-// that belongs to a word, -1 the zero unit that ends the input. Every unit from
-// 94 up belongs to a word.
-constexpr size_t kSpecialRange = 94;
 constexpr int8_t kEndOfInput = -1;
-const std::array<int8_t, kSpecialRange> kKinds = [] {
-    std::array<int8_t, kSpecialRange> kinds{};
+
+} // namespace
+
+// Every byte from 94 up, and so all of non-ASCII text, belongs to a word.
+const std::array<int8_t, 256> XMLStream::Kinds = [] {
+    std::array<int8_t, 256> kinds{};
     kinds[0] = kEndOfInput;
     kinds['\t'] = kinds['\n'] = kinds['\r'] = XMLToken::LineSpace;
     kinds[' '] = XMLToken::Blank;
@@ -38,53 +38,128 @@ const std::array<int8_t, kSpecialRange> kKinds = [] {
     return kinds;
 }();
 
-inline bool IsWordUnit(char16_t unit) {
-    return unit >= kSpecialRange || kKinds[unit] == 0;
+namespace {
+
+inline int8_t KindOf(char byte) {
+    return XMLStream::KindOfByte(byte);
 }
 
 // "<![CDATA[" and "]]>" together, plus one unit: the least that must be held
 // before a "<" can be told apart from the start of a CDATA section.
 constexpr size_t kCDATALookAhead = 13;
-constexpr size_t kCDATAOpenerUnits = 9;
-constexpr char16_t kCDATAOpener[] = u"<![CDATA[";
+constexpr char kCDATAOpener[] = "<![CDATA[";
+constexpr size_t kCDATAOpenerBytes = 9;
+
+// Units of decoded UTF-8: one per character, two for one beyond the BMP.
+size_t CountUnits(const char* text, size_t bytes) {
+    size_t units = 0;
+    for (size_t i = 0; i < bytes; ++i) {
+        unsigned char byte = static_cast<unsigned char>(text[i]);
+        units += (byte & 0xC0) != 0x80;
+        units += byte >= 0xF0;
+    }
+    return units;
+}
+
+// Whether at least `units` units are held, counting no further than needed.
+bool HoldsUnits(const char* text, size_t bytes, size_t units) {
+    if (bytes >= units * 3) return true;
+    if (bytes < units) return false;
+    return CountUnits(text, bytes) >= units;
+}
+
+// Length of a strictly valid UTF-8 sequence at text, or 0.
+size_t ValidSequence(const unsigned char* text, size_t left) {
+    unsigned char lead = text[0];
+    size_t length;
+    uint32_t minimum;
+    uint32_t cp;
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        length = 2, minimum = 0x80, cp = lead & 0x1F;
+    } else if (lead >= 0xE0 && lead <= 0xEF) {
+        length = 3, minimum = 0x800, cp = lead & 0x0F;
+    } else if (lead >= 0xF0 && lead <= 0xF4) {
+        length = 4, minimum = 0x10000, cp = lead & 0x07;
+    } else {
+        return 0;
+    }
+    if (left < length) return 0;
+    for (size_t i = 1; i < length; ++i) {
+        if ((text[i] & 0xC0) != 0x80) return 0;
+        cp = (cp << 6) | (text[i] & 0x3F);
+    }
+    if (cp < minimum || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) return 0;
+    return length;
+}
+
+bool IsValidRun(const char* bytes, size_t count) {
+    const unsigned char* text = reinterpret_cast<const unsigned char*>(bytes);
+    for (size_t i = 0; i < count;) {
+        size_t length = ValidSequence(text + i, count - i);
+        if (length == 0) return false;
+        i += length;
+    }
+    return true;
+}
+
+size_t AsciiPrefix(const char* bytes, size_t count) {
+    size_t i = 0;
+    for (; i + 8 <= count; i += 8) {
+        uint64_t word;
+        memcpy(&word, bytes + i, 8);
+        if (word & 0x8080808080808080ull) break;
+    }
+    while (i < count && static_cast<unsigned char>(bytes[i]) < 0x80)
+        ++i;
+    return i;
+}
 
 } // namespace
 
 XMLStream::XMLStream(XMLParser* owner) : Owner(owner) {
-    Start = static_cast<char16_t*>(malloc(InitialUnits * sizeof(char16_t)));
+    Start = static_cast<char*>(malloc(InitialUnits * BytesPerUnit));
     End = Cursor = Start;
-    Limit = Start ? Start + InitialUnits : nullptr;
+    Limit = Start ? Start + InitialUnits * BytesPerUnit : nullptr;
+    CapacityUnits = Start ? InitialUnits : 0;
 }
 
 XMLStream::~XMLStream() {
     free(Start);
 }
 
-size_t XMLStream::Decode(const char* bytes, size_t count, char16_t* destination, size_t capacity) {
-    const unsigned char* in = reinterpret_cast<const unsigned char*>(bytes);
+// Invalid text goes through the system's own conversion, so that it becomes
+// exactly the replacement characters that the system makes of it.
+size_t XMLStream::DecodeInvalid(const char* bytes, size_t count, char* out) {
+    if (Wide.size() < count) Wide.resize(count);
+    int units = MultiByteToWideChar(CP_UTF8, 0, bytes, int(count),
+                                    reinterpret_cast<LPWSTR>(Wide.data()), int(count));
+    if (units <= 0) return 0;
+    int written = WideCharToMultiByte(CP_UTF8, 0, reinterpret_cast<LPCWSTR>(Wide.data()), units,
+                                      out, int(count * BytesPerUnit), nullptr, nullptr);
+    return written > 0 ? size_t(written) : 0;
+}
+
+size_t XMLStream::Decode(const char* bytes, size_t count, char* out) {
     size_t read = 0;
     size_t written = 0;
     while (read < count) {
-        size_t ascii = count - read < capacity - written ? count - read : capacity - written;
-        size_t taken = 0;
-        while (taken < ascii && in[read + taken] < 0x80) {
-            destination[written + taken] = in[read + taken];
-            ++taken;
-        }
-        read += taken;
-        written += taken;
+        size_t ascii = AsciiPrefix(bytes + read, count - read);
+        memcpy(out + written, bytes + read, ascii);
+        read += ascii;
+        written += ascii;
         if (read == count) break;
-        if (written == capacity) return 0;
-        // An ASCII byte never belongs to a multi-byte sequence, so cutting the
-        // input before one decodes exactly as the whole would.
+        // An ASCII byte never belongs to a multi-byte sequence, so the text
+        // between two of them decodes exactly as it would within the whole.
         size_t runEnd = read;
-        while (runEnd < count && in[runEnd] >= 0x80)
+        while (runEnd < count && static_cast<unsigned char>(bytes[runEnd]) >= 0x80)
             ++runEnd;
-        int units = MultiByteToWideChar(CP_UTF8, 0, bytes + read, int(runEnd - read),
-                                        reinterpret_cast<LPWSTR>(destination + written),
-                                        int(capacity - written));
-        if (units <= 0) return 0;
-        written += size_t(units);
+        size_t run = runEnd - read;
+        if (IsValidRun(bytes + read, run)) {
+            memcpy(out + written, bytes + read, run);
+            written += run;
+        } else {
+            written += DecodeInvalid(bytes + read, run, out + written);
+        }
         read = runEnd;
     }
     return written;
@@ -93,47 +168,61 @@ size_t XMLStream::Decode(const char* bytes, size_t count, char16_t* destination,
 bool XMLStream::Grow(size_t units) {
     if (units > MaximumUnits) return false;
     size_t held = size_t(End - Start);
-    char16_t* grown = static_cast<char16_t*>(realloc(Start, units * sizeof(char16_t)));
+    char* grown = static_cast<char*>(realloc(Start, units * BytesPerUnit));
     if (!grown) return false;
     Start = Cursor = grown;
     End = grown + held;
-    Limit = grown + units;
+    Limit = grown + units * BytesPerUnit;
+    CapacityUnits = units;
     return true;
 }
 
-// Moves the units not yet handed out to the front and reads more behind them.
+// Moves the text not yet handed out to the front and reads more behind it.
 // The buffer grows only when the units held are more than its free half: to
 // twice its size when it is full, else to twice the units held.
 XMLStream::FillResult XMLStream::Refill() {
     size_t held = size_t(End - Cursor);
     if (Cursor != Start) {
-        memmove(Start, Cursor, held * sizeof(char16_t));
+        memmove(Start, Cursor, held);
         Cursor = Start;
         End = Start + held;
     }
-    size_t capacity = size_t(Limit - Start);
-    size_t request = held == capacity ? capacity : held;
-    if (held + request > capacity && !Grow(held + request)) {
+    size_t heldUnits = CountUnits(Start, held);
+    size_t request = heldUnits == CapacityUnits ? CapacityUnits : heldUnits;
+    if (heldUnits + request > CapacityUnits && !Grow(heldUnits + request)) {
         Fail("Memory allocation failed");
         return FillFailed;
     }
-    size_t units = Read(End, size_t(Limit - End));
-    End += units;
-    return units ? FillDone : FillExhausted;
+    size_t bytes = Read(End, CapacityUnits - heldUnits);
+    End += bytes;
+    return bytes ? FillDone : FillExhausted;
 }
 
-bool XMLStream::Next(XMLToken& token) {
+bool XMLStream::NextToken(XMLToken& token) {
     while (Cursor == End) {
         if (Refill() != FillDone) return false;
     }
-    char16_t unit = *Cursor;
-    if (IsWordUnit(unit)) return NextWord(token);
-    int8_t kind = kKinds[unit];
+    int8_t kind = KindOf(*Cursor);
+    if (kind == 0) return NextWord(token);
     if (kind == kEndOfInput) return false;
     if (kind == XMLToken::LessThan) return NextLessThan(token);
-    token.SetSingle(kind, char(unit));
+    token.SetSingle(kind, *Cursor);
     ++Cursor;
     return true;
+}
+
+void XMLStream::TakePlainText(std::string& out) {
+    char* scan = Cursor;
+    char* tokenStart = Cursor;
+    for (; scan < End; ++scan) {
+        int8_t kind = KindOf(*scan);
+        if (kind == 0) continue;
+        if (kind == XMLToken::LessThan || kind == XMLToken::Ampersand || kind == kEndOfInput) break;
+        tokenStart = scan + 1;
+    }
+    char* stop = scan < End ? scan : tokenStart;
+    out.append(Cursor, size_t(stop - Cursor));
+    Cursor = stop;
 }
 
 bool XMLStream::Fail(const char* message) {
@@ -142,19 +231,19 @@ bool XMLStream::Fail(const char* message) {
     return false;
 }
 
-bool XMLStream::MakeWord(XMLToken& token, size_t units) {
-    if (!token.SetWord(Cursor, units)) return Fail("Memory allocation failed");
-    Cursor += units;
+bool XMLStream::MakeWord(XMLToken& token, size_t bytes) {
+    if (!token.SetWord(Cursor, bytes)) return Fail("Memory allocation failed");
+    Cursor += bytes;
     return true;
 }
 
-// A word runs to the next special unit; at the end of the input it is what was
-// scanned so far.
+// A word runs to the next special byte; at the end of the input it is what
+// was scanned so far.
 bool XMLStream::NextWord(XMLToken& token) {
     size_t scanned = 1;
     for (;;) {
-        const char16_t* scan = Cursor + scanned;
-        while (scan < End && IsWordUnit(*scan))
+        const char* scan = Cursor + scanned;
+        while (scan < End && KindOf(*scan) == 0)
             ++scan;
         scanned = size_t(scan - Cursor);
         if (scan < End) break;
@@ -166,13 +255,13 @@ bool XMLStream::NextWord(XMLToken& token) {
 }
 
 bool XMLStream::NextLessThan(XMLToken& token) {
-    while (size_t(End - Cursor) < kCDATALookAhead) {
+    while (!HoldsUnits(Cursor, size_t(End - Cursor), kCDATALookAhead)) {
         FillResult result = Refill();
         if (result == FillFailed) return false;
         if (result == FillExhausted) break;
     }
-    if (size_t(End - Cursor) >= kCDATALookAhead &&
-        memcmp(Cursor, kCDATAOpener, kCDATAOpenerUnits * sizeof(char16_t)) == 0)
+    if (HoldsUnits(Cursor, size_t(End - Cursor), kCDATALookAhead) &&
+        memcmp(Cursor, kCDATAOpener, kCDATAOpenerBytes) == 0)
         return ReadCDATA(token);
     token.SetSingle(XMLToken::LessThan, '<');
     ++Cursor;
@@ -183,13 +272,17 @@ bool XMLStream::NextLessThan(XMLToken& token) {
 // counts as the end while at least one more unit follows it, and the search
 // goes on by index so that a growing buffer does not lose its place.
 bool XMLStream::ReadCDATA(XMLToken& token) {
-    size_t at = kCDATAOpenerUnits;
+    size_t at = kCDATAOpenerBytes;
     for (;;) {
         size_t held = size_t(End - Cursor);
         for (; at + 3 < held; ++at) {
             if (Cursor[at] == ']' && Cursor[at + 1] == ']' && Cursor[at + 2] == '>') {
-                if (!MakeWord(token, at)) return false;
-                Cursor += 3;
+                // A zero byte inside the section ends its text, as it ends
+                // any text of the document.
+                const void* zero = memchr(Cursor, 0, at);
+                size_t text = zero ? size_t(static_cast<const char*>(zero) - Cursor) : at;
+                if (!token.SetWord(Cursor, text)) return Fail("Memory allocation failed");
+                Cursor += at + 3;
                 return true;
             }
         }

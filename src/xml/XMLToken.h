@@ -3,6 +3,7 @@
 
 #include "TavuExport.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
@@ -39,16 +40,23 @@ public:
     bool IsSpace() const { return Kind == LineSpace || Kind == Blank; }
 
     // Makes this a one-character token of the given kind for the given character.
-    void SetSingle(int32_t kind, char character);
-    // Makes this a word from UTF-16 units; the text is cut at a zero unit.
+    void SetSingle(int32_t kind, char character) {
+        Kind = kind;
+        Text = SingleTexts[static_cast<unsigned char>(character) & 0x7F].data();
+        Length = 1;
+    }
+    // Makes this a word of the given UTF-8 bytes.
     // Answers false when no memory could be had for the text.
-    bool SetWord(const char16_t* units, size_t count);
+    bool SetWord(const char* bytes, size_t count);
 
     const char* Text = ""; // UTF-8, zero-terminated
     size_t Length = 0;     // bytes in Text
     int32_t Kind = None;
 
 private:
+    using SingleTextTable = std::array<std::array<char, 2>, 128>;
+    static const SingleTextTable SingleTexts;
+
     // Word text lives here; the storage is kept from word to word so that
     // reading a document does not allocate once per word.
     char* Storage = nullptr;

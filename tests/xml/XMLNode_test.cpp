@@ -52,3 +52,24 @@ TEST(XMLNode, CloneIntoItsOwnSubtreeCopiesOnlyWhatWasThere) {
     a->Clone(a->FirstChild);
     EXPECT_EQ(Dump(parser.Root), "e:a\n  e:b\n    e:a\n      e:b\n      e:c\n  e:c\n");
 }
+
+TEST(XMLNode, ParsedNodesOutliveTheirParserAndFreeOneByOne) {
+    XMLNode* root = nullptr;
+    {
+        XMLParser parser(true);
+        ASSERT_TRUE(parser.ParseBuffer("<a k=\"v\"><b>text</b><c/></a>", 0));
+        root = parser.Root;
+    }
+    XMLNode* a = root->FirstChild;
+    a->SetName("renamed");
+    a->FirstAttribute->SetValue("w");
+    a->SetAttribute("K", "x");
+    a->SetAttribute("added", "y");
+    // A child deleted alone, with its chain fixed by hand.
+    XMLNode* b = a->FirstChild;
+    a->FirstChild = b->Next;
+    a->FirstChild->Prev = nullptr;
+    b->Destroy();
+    EXPECT_EQ(Dump(root), "e:renamed k=x added=y\n  e:c\n");
+    root->Destroy();
+}

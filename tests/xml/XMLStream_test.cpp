@@ -24,7 +24,8 @@ std::string LastChildTree(const std::string& text) {
 } // namespace
 
 TEST(XMLStream, TokensAcrossPieceBoundariesComeOutWhole) {
-    const std::string tail = "<b name=\"value &amp; more\">text&#65;<![CDATA[ c<d ]]>"
+    const std::string tail = "<b name=\"value &amp; more\">one two\tthree > = ' \" ; # ! ? [ ] / -"
+                             "\r\n text&#65;<![CDATA[ c<d ]]>"
                              "<!-- note --></b>";
     const std::string expected = LastChildTree("<r>" + tail + "</r>");
     ASSERT_FALSE(expected.empty());
