@@ -16,11 +16,22 @@
 
 namespace {
 const size_t kFullNameBuffer = 4096;
+
+// Counts element destructions. While it stands still, every element the frame
+// walk holds is alive, and the walk can skip looking its ID up: the lookup
+// would find it and change nothing. Scripts that delete make the walk look.
+unsigned g_ElementsDestroyed = 0;
+
+bool StillExists(unsigned id, unsigned destroyedBefore) {
+    return g_ElementsDestroyed == destroyedBefore || g_UIManager.FindElementByID(id);
+}
 const char kColorCode = 7;
 
-// The bytes a colour code at text[0] (the byte 7) takes, never past the text's end.
+// The bytes a colour code at text[0] (the byte 7) takes, never past the text's
+// end: two, three for a dash form ("\a-r") and eight for a hash form, whatever
+// the letter is.
 size_t ColorCodeLength(const char* text) {
-    size_t wanted = text[1] == '#' ? 8 : 2;
+    size_t wanted = text[1] == '#' ? 8 : text[1] == '-' ? 3 : 2;
     size_t available = 1;
     while (available < wanted && text[available])
         ++available;
@@ -56,6 +67,7 @@ void TAVUElement::ComposeFullName() {
 }
 
 TAVUElement::~TAVUElement() {
+    ++g_ElementsDestroyed;
     if (Parent) Parent->OnNotify(this, TAVU_NOTIFY_CHILD_REMOVED, reinterpret_cast<size_t>(Name));
     if (g_UIManager.FocusElementID == ID) g_UIManager.FocusElementID = 0;
     while (FirstChild) {
@@ -167,9 +179,10 @@ void TAVUElement::RenderChildren() {
             continue;
         }
         unsigned id = child->ID;
+        unsigned destroyed = g_ElementsDestroyed;
         child->AbsolutePosition = position;
         if (child->OnRender) child->OnRender->Execute(0, nullptr);
-        if (!g_UIManager.FindElementByID(id)) return;
+        if (!StillExists(id, destroyed)) return;
         if (child->FadeDelay != 0) {
             bool over = child->HitTest(g_UIManager.MousePosition);
             if (child->FadeState == TAVU_FADE_NORMAL && !over) {
@@ -181,7 +194,7 @@ void TAVUElement::RenderChildren() {
         }
         child->CurrentAlpha = child->GetCurrentAlpha() * CurrentAlpha;
         child->Render();
-        if (!g_UIManager.FindElementByID(id)) return;
+        if (!StillExists(id, destroyed)) return;
         child = child->Next;
     }
 }
