@@ -306,13 +306,17 @@ TEST_F(Element, HitTestIncludesEdgesAndHonoursCircleShapes) {
 
 TEST_F(Element, ColourCodesAreSkippedWithoutReadingPastTheText) {
     EXPECT_EQ(TAVUElement::ColorStrlen("ab\a#FF0000cd"), 4u);
-    EXPECT_EQ(TAVUElement::ColorStrlen("\a-rX"), 2u); // "-" counts two bytes of code
+    EXPECT_EQ(TAVUElement::ColorStrlen("\a-rX"), 1u);     // a dash form is three bytes of code
+    EXPECT_EQ(TAVUElement::ColorStrlen("\a-zHello"), 5u); // even with an unknown letter
+    EXPECT_EQ(TAVUElement::ColorStrlen("ab\a-"), 2u);
     EXPECT_EQ(TAVUElement::ColorStrlen("\axy"), 1u);
     EXPECT_EQ(TAVUElement::ColorStrlen("ab\a#12"), 2u); // cut inside a colour
     EXPECT_EQ(TAVUElement::ColorStrlen("ab\a"), 2u);
     char out[32];
     TAVUElement::StripColor("a\a#00FF00b\axc\a#1", out);
     EXPECT_STREQ(out, "abc");
+    TAVUElement::StripColor("\a-zHello\a-", out);
+    EXPECT_STREQ(out, "Hello");
 }
 
 TEST_F(Element, CenterShiftsTheUnsignedDifference) {
