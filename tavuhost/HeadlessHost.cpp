@@ -62,13 +62,21 @@ void HeadlessHost::SetDisplaySize(uint64_t width, uint64_t height) {
 }
 
 void HeadlessHost::Frame() {
+    // A script of the frame (an "OnRender" atom, a command button) that asks
+    // for a frame would render inside the frame itself.
+    if (Rendering) {
+        Engine.Print("'wait' and 'waitframe' cannot run while a frame renders");
+        return;
+    }
+    Rendering = true;
     Engine.ClearTemporaries();
     Module.Render();
     Module.AdvanceClock(FrameMilliseconds);
+    Rendering = false;
 }
 
 void HeadlessHost::Wait(unsigned milliseconds) {
-    Module.AdvanceClock(milliseconds);
+    if (!Rendering) Module.AdvanceClock(milliseconds);
     Frame();
 }
 

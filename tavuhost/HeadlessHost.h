@@ -141,4 +141,5 @@ private:
     std::string ConsoleName = "Default";
     std::string Completion;
     std::string CompletionStem;
+    bool Rendering = false;
 };

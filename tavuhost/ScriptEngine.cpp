@@ -503,7 +503,9 @@ void ScriptEngine::Run(ScriptContext& context) {
             return;
         }
         Step(context);
-        if (Stack.size() == 1) ClearTemporaries();
+        // Between two lines of a script body nobody holds a temporary any more.
+        // An atom is left alone: the toolkit that called it may still hold one.
+        if (Stack.size() == 1 && !context.IsAtom) ClearTemporaries();
         if (context.Pending != ScriptContext::Request::None) return;
     }
 }

@@ -24,7 +24,6 @@ public:
     ScriptProgram Program;
     ScriptContext Context;
     VariableScope Variables;
-    unsigned Resumes = 0;
 
 private:
     std::string NameText;
