@@ -194,17 +194,24 @@ void CUIManager::SetFocusElement(TAVUElement* element) {
         FocusElementID = element->ID;
         return;
     }
+    unsigned id = element->ID;
     if (old) old->OnKeyboardExit(element);
+    // The exit's script may have deleted the element that was to get focus.
+    if (!FindElementByID(id)) {
+        FocusElementID = 0;
+        return;
+    }
     element->OnKeyboardEnter();
-    FocusElementID = element->ID;
+    FocusElementID = id;
 }
 
 TAVUElement* CUIManager::SetFocusElement() {
     if (FocusElementID == 0) return nullptr;
-    TAVUElement* before = FindElementByID(FocusElementID);
+    unsigned before = FocusElementID;
     // GetFocusElement already told a hidden focus element that it lost focus;
     // it hears the exit a second time here, and handlers must bear that.
-    if (!GetFocusElement() && before) before->OnKeyboardExit(nullptr);
+    if (GetFocusElement()) return nullptr;
+    if (TAVUElement* element = FindElementByID(before)) element->OnKeyboardExit(nullptr);
     return nullptr;
 }
 
@@ -232,7 +239,7 @@ TAVUElement* CUIManager::SetMouseOverElement() {
             AutoTooltipElementID = 0;
             MouseEnterTime = GetTickCount();
             found->OnMouseEnter(MousePosition);
-            return found;
+            return FindElementByID(MouseOverElementID);
         }
     }
     TAVUElement* old = FindElementByID(MouseOverElementID);
@@ -244,11 +251,15 @@ TAVUElement* CUIManager::SetMouseOverElement() {
     }
     MouseOverElementID = found->ID;
     if (found == old) return found;
+    unsigned id = found->ID;
     if (old) old->OnMouseExit(found);
     AutoTooltipElementID = 0;
     MouseEnterTime = GetTickCount();
+    // Scripts of the exit and of the entry may delete the element: what was
+    // deleted is no longer under the pointer.
+    if (!FindElementByID(id)) return nullptr;
     found->OnMouseEnter(MousePosition);
-    return found;
+    return FindElementByID(id);
 }
 
 bool CUIManager::GetTextureSize(unsigned handle, _Point2i& size) {

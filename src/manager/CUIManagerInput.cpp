@@ -41,8 +41,9 @@ bool CUIManager::OnMouseMove(_Point2i& point) {
     TAVUElement* element =
         (LeftButtonState || RightButtonState) ? GetMouseOverElement() : SetMouseOverElement();
     while (element) {
+        unsigned id = element->ID;
         if (element->OnMouseMove(point)) return true;
-        if (!element->Parent) return false;
+        if (!FindElementByID(id) || !element->Parent) return false;
         element = element->Parent->FindMouseOver(MousePosition, element);
     }
     return false;
@@ -52,8 +53,9 @@ bool CUIManager::OnMouseWheel(int offset) {
     LastInputTime = GetTickCount();
     TAVUElement* element = GetMouseOverElement();
     while (element) {
+        unsigned id = element->ID;
         if (element->OnMouseWheel(offset)) return true;
-        if (!element->Parent) return false;
+        if (!FindElementByID(id) || !element->Parent) return false;
         element = element->Parent->FindMouseOver(MousePosition, element);
     }
     return false;
@@ -130,7 +132,8 @@ bool CUIManager::PressButton(ButtonFields& button) {
         } else if (!(element->*button.ClickThru) && (element->*button.Down)(MousePosition)) {
             break;
         }
-        if (!element->Parent) return false;
+        // A handler that refused may still have run a script that deleted it.
+        if (!FindElementByID(id) || !element->Parent) return false;
         element = element->Parent->FindMouseOver(MousePosition, element);
         if (!element) return false;
     }
@@ -160,9 +163,10 @@ bool CUIManager::ReleaseButton(ButtonFields& button) {
     button.State = 0;
     if (!element) return state != 1;
     while (element) {
+        unsigned id = element->ID;
         if (!(element->*button.ClickThru) && (element->*button.Up)(MousePosition))
             return state != 1;
-        if (!element->Parent) break;
+        if (!FindElementByID(id) || !element->Parent) break;
         element = element->Parent->FindMouseOver(MousePosition, element);
     }
     return state == 2;
@@ -174,14 +178,19 @@ void CUIManager::RaiseTopLevelAncestor(TAVUElement* element) {
     if (element->Parent == Screen) element->MoveZTop(false);
 }
 
+// Left and right keys share one modifier state: either release clears it.
 void CUIManager::SetModifier(unsigned key, bool down) {
     unsigned modifier = 0;
-    if (IsShiftKey(key))
-        modifier = 16, Shift = down;
-    else if (IsAltKey(key))
-        modifier = 18, Alt = down;
-    else if (IsControlKey(key))
-        modifier = 17, Control = down;
+    if (IsShiftKey(key)) {
+        modifier = 16;
+        Shift = down;
+    } else if (IsAltKey(key)) {
+        modifier = 18;
+        Alt = down;
+    } else if (IsControlKey(key)) {
+        modifier = 17;
+        Control = down;
+    }
     if (!modifier) return;
     KeyState[modifier] = down ? 0x80 : 0;
     KeyStates[modifier] = down ? 0x80 : 0;
@@ -195,10 +204,14 @@ bool CUIManager::OnKeyDown(unsigned key) {
     // Whole bytes: the toggles alone, as ToAscii reads them.
     KeyState[20] = uint8_t(GetKeyState(20) & 1);
     KeyState[144] = uint8_t(GetKeyState(144) & 1);
-    TAVUElement* element = GetFocusElement();
-    while (element && !element->OnKeyDown(key))
-        element = element->Parent;
-    if (!element) return false;
+    bool taken = false;
+    for (TAVUElement* element = GetFocusElement(); element && !taken;) {
+        unsigned id = element->ID;
+        taken = element->OnKeyDown(key);
+        // A handler that refused may still have run a script that deleted it.
+        element = FindElementByID(id) ? element->Parent : nullptr;
+    }
+    if (!taken) return false;
     if (key < 256) KeyState[key] |= 0x02;
     KeyStates[key] |= 0x02;
     return true;
@@ -213,8 +226,10 @@ bool CUIManager::OnKeyUp(unsigned key) {
     state &= uint16_t(~0x80);
     uint16_t remembered = state;
     state &= uint16_t(~0x02);
-    TAVUElement* element = GetFocusElement();
-    while (element && !element->OnKeyUp(key))
+    for (TAVUElement* element = GetFocusElement(); element;) {
+        unsigned id = element->ID;
+        if (element->OnKeyUp(key) || !FindElementByID(id)) break;
         element = element->Parent;
+    }
     return (remembered & 0x02) != 0;
 }

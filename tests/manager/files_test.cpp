@@ -138,3 +138,31 @@ TEST_F(InterfaceFiles, LoadElementByTypeChecksItsArguments) {
     EXPECT_EQ(g_UIManager.LoadElement(screen, "box", "made"), nullptr);
     EXPECT_EQ(Host.Console.back(), "Child named 'made' already exists in parent element 'screen'");
 }
+
+namespace {
+// An element type whose reading always fails.
+class RefusingElement : public TAVUElement {
+public:
+    using TAVUElement::TAVUElement;
+    bool FromXML(XMLNode*, XMLNode*) override { return false; }
+};
+TAVUFactory<RefusingElement> g_RefusingFactory("refusing");
+} // namespace
+
+TEST_F(InterfaceFiles, TemplatesCountFromWhereTheyStandAndFailuresEachSaySo) {
+    Host.InterfaceFiles["messages.xml"] = DataFile("messages.xml");
+    Host.FailCompile = true;
+    EXPECT_TRUE(g_UIManager.LoadInterfaceXML("messages.xml", false, nullptr));
+    EXPECT_EQ(g_UIManager.FindElement("UsesLater")->Width, 0); // its template came later
+    EXPECT_EQ(g_UIManager.FindElement("UsesLaterAgain")->Width, 77);
+    EXPECT_EQ(g_UIManager.FindElement("Refused"), nullptr);
+    EXPECT_EQ(Host.Console,
+              (std::vector<std::string>{"OnLoad embedded script failed to load",
+                                        "CreateUIElement failed on 'Refused' under 'screen'"}));
+    TAVUElement* remembered = g_UIManager.FindElement("Remembered");
+    ASSERT_EQ(Host.Restored.size(), 1u); // after reading, with the values read in place
+    EXPECT_EQ(Host.Restored[0], remembered);
+    EXPECT_EQ(remembered->LoadedX, 5);
+    g_UIManager.Screen->DeleteChild(remembered);
+    EXPECT_EQ(Host.Stored.size(), 1u);
+}

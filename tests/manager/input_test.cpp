@@ -228,3 +228,34 @@ TEST_F(Input, LockTogglesAreCopiedForCharacterTranslation) {
     EXPECT_EQ(g_UIManager.KeyState[20], 0); // the whole byte: the down bit is not kept
 }
 #endif
+
+TEST_F(Input, AFocusedElementThatDeletesItselfOnAKeyEndsTheWalk) {
+    TAVUElement* panel = Box("Panel", 0, 0, 100, 100);
+    TAVUElement* field = Box("Field", 0, 0, 50, 20, panel);
+    On(field->OnKeyDownScript, field, "close", "string Key");
+    Host.KeyNames[27] = "Esc";
+    g_UIManager.SetFocusElement(field);
+    Host.OnExecuteAtom = [&](const FakeHost::AtomRun&) {
+        panel->DeleteChild(field);
+        return 0;
+    };
+    EXPECT_TRUE(g_UIManager.OnKeyDown(27));
+    Host.OnExecuteAtom = nullptr;
+    EXPECT_EQ(g_UIManager.FocusElementID, 0u);
+    EXPECT_TRUE(g_UIManager.OnKeyUp(27)); // its down was taken
+}
+
+TEST_F(Input, FocusMovingToAnElementThatTheExitDeletedGoesNowhere) {
+    TAVUElement* first = Box("First", 0, 0, 10, 10);
+    TAVUElement* second = Box("Second", 20, 0, 10, 10);
+    On(first->OnKeyboardExitScript, first, "delete the next", "");
+    On(second->OnKeyboardEnterScript, second, "never", "");
+    g_UIManager.SetFocusElement(first);
+    Host.OnExecuteAtom = [&](const FakeHost::AtomRun&) {
+        g_UIManager.Screen->DeleteChild(second);
+        return 0;
+    };
+    g_UIManager.SetFocusElement(second);
+    EXPECT_EQ(g_UIManager.FocusElementID, 0u);
+    EXPECT_EQ(Ran(), (std::vector<std::string>{"delete the next"}));
+}
