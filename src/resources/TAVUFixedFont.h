@@ -2,7 +2,14 @@
 // consoles and editors can count columns with one width.
 #pragma once
 
+#include "Platform.h"
 #include "TAVUFont.h"
+
+// The system headers name a text function GetCharWidth as a macro; this class
+// has its own, and the system's stays reachable as GetCharWidthA or W.
+#ifdef GetCharWidth
+#undef GetCharWidth
+#endif
 
 class TAVU_API TAVUFixedFont : public TAVUFont {
 public:
