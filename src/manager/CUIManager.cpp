@@ -6,7 +6,9 @@
 #include "StringHelpers.h"
 #include "TAVUElement.h"
 #include "TAVUScreen.h"
+#include "TAVUCommands.h"
 #include "TAVUScriptTypes.h"
+#include "TAVUTopLevelObjects.h"
 #include "XMLNode.h"
 
 #include <cstring>
@@ -29,10 +31,12 @@ struct NamedObject {
 
 // The script commands and top-level objects, in the order the host sees them
 // registered. Each fills in its handler as it lands.
-const NamedCommand kCommands[] = {
-    {"UI", nullptr}, {"UIElement", nullptr}, {"MessageBox", nullptr}, {"InputBox", nullptr}};
+const NamedCommand kCommands[] = {{"UI", UICommand},
+                                  {"UIElement", UIElementCommand},
+                                  {"MessageBox", nullptr},
+                                  {"InputBox", nullptr}};
 const NamedObject kTopLevelObjects[] = {
-    {"UIElement", nullptr}, {"UserInput", nullptr}, {"Tavukit", nullptr}};
+    {"UIElement", UIElementObject}, {"UserInput", UserInputObject}, {"Tavukit", TavukitObject}};
 
 struct HostTypeHandle {
     const char* Name;

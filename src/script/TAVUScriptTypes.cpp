@@ -1,5 +1,10 @@
 #include "TAVUScriptTypes.h"
 
+#include "TAVUElementType.h"
+#include "TAVUFontType.h"
+#include "TAVUTextureType.h"
+#include "TavukitType.h"
+
 RXTypeDefinition* pTAVUKitType = nullptr;
 RXTypeDefinition* pTAVUElementType = nullptr;
 RXTypeDefinition* pTAVUFrameType = nullptr;
@@ -30,8 +35,8 @@ RXTypeDefinition* pTAVUWindowType = nullptr;
 
 // Registering a type as it lands is one Make function in its row.
 const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
-    {"tavukit", &pTAVUKitType, nullptr, nullptr},
-    {"tavuelement", &pTAVUElementType, nullptr, nullptr},
+    {"tavukit", &pTAVUKitType, TavukitType::Make, nullptr},
+    {"tavuelement", &pTAVUElementType, TAVUElementType::Make, nullptr},
     {"tavuframe", &pTAVUFrameType, nullptr, &pTAVUElementType},
     {"tavulistboxitem", &pTAVUListBoxItemType, nullptr, nullptr},
     {"tavulistbox", &pTAVUListBoxType, nullptr, &pTAVUElementType},
@@ -39,7 +44,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavucheckbox", &pTAVUCheckBoxType, nullptr, &pTAVUElementType},
     {"tavucombobox", &pTAVUComboBoxType, nullptr, &pTAVUListBoxType},
     {"tavuconsole", &pTAVUConsoleType, nullptr, &pTAVUFrameType},
-    {"tavufont", &pTAVUFontType, nullptr, nullptr},
+    {"tavufont", &pTAVUFontType, TAVUFontType::Make, nullptr},
     {"tavugauge", &pTAVUGaugeType, nullptr, &pTAVUFrameType},
     {"tavuhudelement", &pTAVUHudElementType, nullptr, &pTAVUElementType},
     {"tavumapblip", &pTAVUMapBlipType, nullptr, &pTAVUFrameType},
@@ -52,7 +57,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavutext", &pTAVUTextType, nullptr, &pTAVUElementType},
     {"tavutextedit", &pTAVUTextEditType, nullptr, &pTAVUElementType},
     {"tavutextentry", &pTAVUTextEntryType, nullptr, &pTAVUElementType},
-    {"tavutexture", &pTAVUTextureType, nullptr, nullptr},
+    {"tavutexture", &pTAVUTextureType, TAVUTextureType::Make, nullptr},
     {"tavutooltip", &pTAVUTooltipType, nullptr, &pTAVUFrameType},
     {"tavutreenode", &pTAVUTreeNodeType, nullptr, nullptr},
     {"tavutree", &pTAVUTreeType, nullptr, &pTAVUFrameType},

@@ -130,8 +130,8 @@ TEST_F(InterfaceFiles, LoadElementByTypeChecksItsArguments) {
     EXPECT_EQ(g_UIManager.LoadElement(screen, "box", ""), nullptr);
     EXPECT_EQ(g_UIManager.LoadElement(nullptr, "box", "x"), nullptr);
     EXPECT_TRUE(Host.Console.empty());
-    EXPECT_EQ(g_UIManager.LoadElement(screen, "widget", "x"), nullptr);
-    EXPECT_EQ(Host.Console.back(), "No UI element factory for type 'widget'");
+    EXPECT_EQ(g_UIManager.LoadElement(screen, "gizmo", "x"), nullptr);
+    EXPECT_EQ(Host.Console.back(), "No UI element factory for type 'gizmo'");
     TAVUElement* made = g_UIManager.LoadElement(screen, "BOX", "Made");
     ASSERT_NE(made, nullptr);
     EXPECT_STREQ(made->Type, "box");

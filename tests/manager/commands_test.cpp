@@ -1,0 +1,108 @@
+#include "TAVUCommands.h"
+#include "TAVUFactory.h"
+#include "TAVUScreen.h"
+#include "ToolkitTest.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+TAVUFactory<TAVUElement> g_WidgetFactory("widget");
+
+std::string DataFile(const char* name) {
+    return std::string(TAVU_TEST_DATA_DIR) + "/manager/" + name;
+}
+} // namespace
+
+class Commands : public ToolkitTest {
+protected:
+    void SetUp() override {
+        ToolkitTest::SetUp();
+        Host.InterfaceFiles["widgets.xml"] = DataFile("widgets.xml");
+        Host.InterfaceFiles["skins.xml"] = DataFile("skins.xml");
+    }
+    // Runs a command line split at blanks, as the host hands it over.
+    int Run(RXCommandHandler command, std::vector<std::string> words) {
+        std::vector<char*> argv;
+        for (std::string& word : words)
+            argv.push_back(word.data());
+        Host.Console.clear();
+        return command(int(argv.size()), argv.data());
+    }
+    std::string Said() const { return Host.Console.empty() ? "" : Host.Console.back(); }
+};
+
+TEST_F(Commands, UILoadsReloadsAndUnloads) {
+    EXPECT_EQ(Run(UICommand, {"UI", "-load", "widgets.xml"}), 0);
+    TAVUElement* first = g_UIManager.FindElement("Toolbar");
+    ASSERT_NE(first, nullptr);
+    unsigned id = first->ID;
+    EXPECT_EQ(Run(UICommand, {"UI", "-reload", "widgets.xml", "Toolbar"}), 0);
+    EXPECT_NE(g_UIManager.FindElement("Toolbar")->ID, id);
+    EXPECT_EQ(Run(UICommand, {"UI", "-load", "widgets.xml", "toolbar", "Second"}), 0);
+    EXPECT_NE(g_UIManager.FindElement("Second"), nullptr);
+    EXPECT_EQ(Run(UICommand, {"UI", "-unload", "widgets.xml"}), 0);
+    EXPECT_EQ(g_UIManager.FindElement("Toolbar"), nullptr);
+    EXPECT_EQ(Run(UICommand, {"UI", "-reset"}), 0);
+    EXPECT_EQ(g_UIManager.FindElement("Second"), nullptr);
+}
+
+TEST_F(Commands, UIUsageAndFailureMessages) {
+    EXPECT_EQ(Run(UICommand, {"UI"}), 0);
+    EXPECT_EQ(Said(), "Syntax: UI -reset|-[re]load [-parent <FQN>] [-skin <name>] <filename> "
+                      "[<element name> [new name]]|-unload <filename>");
+    EXPECT_EQ(Run(UICommand, {"UI", "-explode"}), 0);
+    EXPECT_EQ(Said().rfind("Syntax: UI -reset", 0), 0u);
+    EXPECT_EQ(Run(UICommand, {"UI", "-load"}), 0);
+    EXPECT_EQ(Said(), "Usage: UI -load [-parent <FQN>] [-skin <name>] <filename> "
+                      "[<element name> [new name]]");
+    EXPECT_EQ(Run(UICommand, {"UI", "-reload"}), 0);
+    EXPECT_EQ(Said().rfind("Usage: UI -reload", 0), 0u);
+    EXPECT_EQ(Run(UICommand, {"UI", "-reload", "-parent", "x"}), 0);
+    EXPECT_EQ(Said().rfind("Usage: UI -load", 0), 0u); // the load usage, even for a reload
+    EXPECT_EQ(Run(UICommand, {"UI", "-load", "-skin", "x"}), 0);
+    EXPECT_EQ(Said().rfind("Usage: UI -load", 0), 0u);
+    EXPECT_EQ(Run(UICommand, {"UI", "-load", "-parent", "Nowhere", "widgets.xml"}), -1);
+    EXPECT_EQ(Said(), "Parent element 'widgets.xml' could not be found"); // names the file
+    EXPECT_EQ(Run(UICommand, {"UI", "-load", "missing.xml"}), -1);
+    EXPECT_EQ(Host.Console,
+              (std::vector<std::string>{"Could not locate file",
+                                        "Could not load interface file 'missing.xml'"}));
+    EXPECT_EQ(Run(UICommand, {"UI", "-unload"}), 0);
+    EXPECT_EQ(Said(), "Usage: UI -unload <filename>");
+    EXPECT_EQ(Run(UICommand, {"UI", "-unload", "missing.xml"}), -1);
+    EXPECT_EQ(Said(), "Could not load interface file 'missing.xml'");
+}
+
+TEST_F(Commands, UILoadsUnderAParentAndWithAnUnknownSkinSilently) {
+    TAVUElement* window = MakeElement("Window");
+    EXPECT_EQ(
+        Run(UICommand, {"UI", "-load", "-parent", "Window", "-skin", "NoSuchSkin", "widgets.xml"}),
+        0);
+    EXPECT_TRUE(Host.Console.empty());
+    EXPECT_NE(window->FindChild("toolbar"), nullptr);
+}
+
+TEST_F(Commands, UIElementListsShowsHidesTogglesAndKills) {
+    Run(UICommand, {"UI", "-load", "widgets.xml"});
+    TAVUElement* toolbar = g_UIManager.FindElement("Toolbar");
+    EXPECT_EQ(Run(UIElementCommand, {"UIElement", "-hide", "Toolbar"}), 0);
+    EXPECT_FALSE(toolbar->Visible);
+    EXPECT_EQ(Run(UIElementCommand, {"UIElement", "-LIST"}), 0);
+    EXPECT_EQ(Host.Console,
+              (std::vector<std::string>{"Top-Level UI Elements\n--------------------------",
+                                        "widget 'toolbar' - Hidden", "widget 'status' - Shown"}));
+    Run(UIElementCommand, {"UIElement", "-toggle", "Toolbar"});
+    EXPECT_TRUE(toolbar->Visible);
+    EXPECT_EQ(Run(UIElementCommand, {"UIElement", "-toggle", "Nobody"}), 0);
+    EXPECT_EQ(Said(), "Could not find 'Nobody'");
+    EXPECT_EQ(Run(UIElementCommand, {"UIElement", "-kill"}), 0);
+    EXPECT_EQ(Said(), "Syntax: UIElement -kill <element>");
+    Run(UIElementCommand, {"UIElement", "-kill", "Toolbar"});
+    EXPECT_EQ(g_UIManager.FindElement("Toolbar"), nullptr);
+    EXPECT_EQ(Run(UIElementCommand, {"UIElement"}), 0);
+    EXPECT_EQ(Said(), "Syntax: UIElement -list|-hide <name>|-show <name>|-toggle <name>|-kill "
+                      "<name>");
+}

@@ -1,0 +1,72 @@
+// A running toolkit whose host knows the eight basic types, with helpers that
+// make member and method requests as a host's script engine would.
+#pragma once
+
+#include "RXTypeDefinition.h"
+#include "ToolkitTest.h"
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+class ScriptTypeTest : public ToolkitTest {
+protected:
+    void SetUp() override {
+        for (const char* name :
+             {"string", "int", "int64", "bool", "float", "point3f", "filepath", "uint"}) {
+            HostTypes.push_back(std::make_unique<RXTypeDefinition>(name));
+            Host.HostTypes[name] = HostTypes.back().get();
+        }
+        ToolkitTest::SetUp();
+    }
+
+    // DispatchMember / DispatchMethod of type on object, with text arguments.
+    int Member(RXTypeDefinition* type, void* object, const char* name,
+               std::vector<std::string> args = {}) {
+        RXObjectData data{};
+        data.Value.Pointer = object;
+        std::vector<char*> argv = Pointers(args);
+        Result = _RXTypeVar{};
+        return type->DispatchMember(data, name, int(argv.size()), argv.data(), Result);
+    }
+    int Method(RXTypeDefinition* type, void* object, const char* name,
+               std::vector<std::string> args = {}) {
+        RXObjectData data{};
+        data.Value.Pointer = object;
+        std::vector<char*> argv = Pointers(args);
+        return type->DispatchMethod(data, name, int(argv.size()), argv.data());
+    }
+
+    // The last member result as text, read by its type's name.
+    std::string ResultText() const {
+        std::string type = TypeName();
+        char text[64];
+        if (type == "string") return Result.Value.Text ? Result.Value.Text : "(null)";
+        if (type == "int")
+            snprintf(text, sizeof(text), "%d", Result.Value.Int);
+        else if (type == "uint")
+            snprintf(text, sizeof(text), "%u", Result.Value.UInt);
+        else if (type == "bool")
+            return Result.Value.UInt64 ? "TRUE" : "FALSE";
+        else if (type == "float")
+            snprintf(text, sizeof(text), "%.2f", Result.Value.Float);
+        else
+            return type;
+        return text;
+    }
+    std::string TypeName() const { return Result.Type ? Result.Type->TypeName : "null"; }
+
+    _RXTypeVar Result{};
+    std::vector<std::unique_ptr<RXTypeDefinition>> HostTypes;
+
+private:
+    std::vector<char*> Pointers(std::vector<std::string>& args) {
+        std::vector<char*> argv;
+        for (std::string& arg : args)
+            argv.push_back(arg.data());
+        argv.push_back(nullptr);
+        argv.pop_back();
+        return argv;
+    }
+};
