@@ -208,8 +208,9 @@ int HeadlessHost::Screenshot(int argc, char* argv[]) {
 
 int HeadlessHost::Exit(int argc, char* argv[]) {
     long code = 0;
-    if (argc > 2 || (argc == 2 && !ParseInt(argv[1], code))) {
-        Engine.Print("Syntax: exit [CODE]");
+    // Exit statuses are one byte wide on every system.
+    if (argc > 2 || (argc == 2 && (!ParseInt(argv[1], code) || code < 0 || code > 255))) {
+        Engine.Print("Syntax: exit [CODE] (0 to 255)");
         return -1;
     }
     Engine.RequestExit(int(code));

@@ -63,8 +63,8 @@ struct ArgumentVector {
 
 } // namespace
 
-size_t SequenceResolver::FindOutside(const std::string& text, char wanted) {
-    for (size_t at = 0; at < text.size();) {
+size_t SequenceResolver::FindOutside(const std::string& text, char wanted, size_t start) {
+    for (size_t at = start; at < text.size();) {
         if (text[at] == wanted) return at;
         if (OpensGroup(text, at)) {
             size_t end = GroupEnd(text, at);
@@ -241,12 +241,12 @@ std::vector<std::string> SequenceResolver::SplitArguments(const std::string& ins
     if (inside.empty()) return arguments;
     size_t start = 0;
     for (;;) {
-        size_t comma = FindOutside(inside.substr(start), ',');
+        size_t comma = FindOutside(inside, ',', start);
         std::string piece =
-            comma == std::string::npos ? inside.substr(start) : inside.substr(start, comma);
+            inside.substr(start, comma == std::string::npos ? comma : comma - start);
         arguments.push_back(depth < MaxDepth ? Argument(piece, depth) : "NULL");
         if (comma == std::string::npos) return arguments;
-        start += comma + 1;
+        start = comma + 1;
     }
 }
 

@@ -35,8 +35,9 @@ public:
 
     // A command line split at blanks; quotes, brackets and sequences group.
     static std::vector<std::string> SplitWords(const std::string& line);
-    // Where a character stands outside quotes, brackets and sequences, or npos.
-    static size_t FindOutside(const std::string& text, char wanted);
+    // Where a character stands outside quotes, brackets and sequences, looking
+    // from start on, or npos.
+    static size_t FindOutside(const std::string& text, char wanted, size_t start = 0);
 
 private:
     struct Link {

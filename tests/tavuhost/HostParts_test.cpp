@@ -336,6 +336,7 @@ TEST_F(HeadlessHostTest, HostCommandsCheckTheirArguments) {
     Engine.ExecuteCommand("key tap Nope");
     Engine.ExecuteCommand("key hold A");
     Engine.ExecuteCommand("exit soon");
+    Engine.ExecuteCommand("exit 256");
     Engine.ExecuteCommand("type a\x01");
     Engine.ExecuteCommand("screenshot shot.png");
     const std::string mouse =
@@ -345,7 +346,8 @@ TEST_F(HeadlessHostTest, HostCommandsCheckTheirArguments) {
         (std::vector<std::string>{
             "Syntax: wait MILLISECONDS (0 to 3600000)", "Syntax: wait MILLISECONDS (0 to 3600000)",
             mouse, mouse, mouse, "key: unknown key 'Nope'", "Syntax: key press|release|tap NAME",
-            "Syntax: exit [CODE]", "type: no key types '\x01'",
+            "Syntax: exit [CODE] (0 to 255)", "Syntax: exit [CODE] (0 to 255)",
+            "type: no key types '\x01'",
             "screenshot: this host has no renderer yet, so 'shot.png' was not written"}),
         Console);
     EXPECT_FALSE(Engine.ExitRequested());

@@ -273,3 +273,36 @@ TEST_F(ScriptLanguage, SyntaxErrorsNameTheirLine) {
         std::vector<std::string>{"Syntax error in script bad line 130: blocks nest too deeply"},
         TakeConsole());
 }
+
+TEST_F(ScriptLanguage, HostileTextIsRefusedOrReadWithoutHarm) {
+    // Fragments of the language, put together at random (a fixed seed, so
+    // the same text every run), must never crash, hang or corrupt the engine.
+    static const char* const pieces[] = {
+        "${",       "}",      "[", "]",         "\"",      "\\",   ",",      ".",  ":",
+        "(exists)", "Widget", "S", "Math.Calc", "declare", "if",   "while",  "do", "else",
+        "{",        "\n",     " ", "Show",      "Set",     "1",    "-",      "/0", "atom",
+        "return",   "This",   "(", ")",         ";",       "echo", "string", "int"};
+    uint32_t seed = 12345;
+    auto next = [&seed]() { return (seed = seed * 1103515245u + 12345u) >> 16; };
+    for (int round = 0; round < 300; ++round) {
+        std::string text;
+        for (int i = 0, count = int(next() % 40); i < count; ++i)
+            text += pieces[next() % (sizeof(pieces) / sizeof(pieces[0]))];
+        Engine.ExecuteCommand(text.c_str());
+        Engine.Substitute(text);
+        if (ScriptInstance* script = Engine.LoadScript("noise", text)) {
+            uint32_t milliseconds = 0;
+            Engine.Resume(*script, milliseconds);
+        }
+        unsigned atom = Engine.CompileAtom(text.c_str(), text.size());
+        Engine.ExecuteAtom(atom, 0, nullptr, nullptr, nullptr);
+        Engine.CompileQuery(text.c_str());
+        Engine.ClearTemporaries();
+    }
+    std::string many(200000, ',');
+    EXPECT_EQ("200001", Text("${Widget.Args[" + many + "]}").substr(0, 6))
+        << "many arguments take linear time";
+    TakeConsole();
+    Run({"echo still sound"});
+    EXPECT_EQ(std::vector<std::string>{"still sound"}, TakeConsole());
+}
