@@ -108,19 +108,6 @@ TAVUElement::~TAVUElement() {
     StrFree(FullName);
 }
 
-// Textures and fonts arrive with the resource classes.
-TAVUTexture* TAVUElement::TextureFromXML(XMLNode*, const char*, XMLNode*) {
-    return nullptr;
-}
-
-TAVUFont* TAVUElement::FontFromXML(XMLNode*, const char*, XMLNode*) {
-    return nullptr;
-}
-
-TAVUFixedFont* TAVUElement::FixedFontFromXML(XMLNode*, const char*, XMLNode*) {
-    return nullptr;
-}
-
 bool TAVUElement::IsTypeOf(const char* type) {
     return StrCompareNoCase(type, "tavuelement") == 0;
 }

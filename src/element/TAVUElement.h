@@ -117,6 +117,10 @@ public:
     float GetCurrentAlpha();
     void SetAbsolutePosition(_Point2i& position);
 
+    // Reads a texture from XML text (argv[0]) with an optional skin (argv[1])
+    // in force, replacing *texture: for script methods that set textures.
+    bool TextureFromArgs(int argc, char** argv, TAVUTexture** texture);
+
     // Drawing primitives. They take screen coordinates (a control adds
     // AbsolutePosition itself) and draw with CurrentAlpha applied.
     bool FillRect(tagRECT& rect, unsigned color);
@@ -206,6 +210,8 @@ private:
     void ReadPosition(XMLNode* node, XMLNode* templateNode, const char* key, int& value,
                       ElementPosition& position);
     void ReadScripts(XMLNode* node, XMLNode* templateNode);
+    // The child of node named key, else the template's; without a key, node.
+    static XMLNode* KeyNode(XMLNode* node, const char* key, XMLNode* templateNode);
     bool IsOffScreen(const tagRECT& rect);
     bool FillBorderStrips(const tagRECT& rect, unsigned width, unsigned color);
     void FillTextureRecord(TAVUDrawRecord& record, TAVUTexture* texture);

@@ -8,6 +8,13 @@
 #include "TAVUEmbeddedScript.h"
 #include "XMLHelper.h"
 #include "XMLNode.h"
+#include "XMLParser.h"
+#include "TAVUFixedFont.h"
+#include "TAVUFont.h"
+#include "TAVUTexture.h"
+#include "TAVUSkin.h"
+
+#include <cstring>
 
 namespace {
 const char kPointArguments[] = "int X, int Y";
@@ -105,16 +112,52 @@ void TAVUElement::ReadScripts(XMLNode* node, XMLNode* templateNode) {
     }
 }
 
+XMLNode* TAVUElement::KeyNode(XMLNode* node, const char* key, XMLNode* templateNode) {
+    if (!key) return node;
+    XMLNode* found = XMLHelper::GetChild(node, key);
+    return found ? found : XMLHelper::GetChild(templateNode, key);
+}
+
 TAVUEmbeddedScript* TAVUElement::EmbeddedScriptFromXML(XMLNode* node, const char* key,
                                                        XMLNode* templateNode,
                                                        const char* arguments) {
-    XMLNode* source = node;
-    if (key) {
-        source = XMLHelper::GetChild(node, key);
-        if (!source) source = XMLHelper::GetChild(templateNode, key);
-    }
+    XMLNode* source = KeyNode(node, key, templateNode);
     if (!source || !source->FirstChild) return nullptr;
     TAVUEmbeddedScript* script = TAVUEmbeddedScript::New(this, source->FirstChild->Name, arguments);
     if (!script) g_pHost->ConsolePrintf("%s embedded script failed to load", key ? key : "");
     return script;
+}
+
+TAVUTexture* TAVUElement::TextureFromXML(XMLNode* node, const char* key, XMLNode* templateNode) {
+    XMLNode* source = KeyNode(node, key, templateNode);
+    return source ? TAVUTexture::NewFromXML(source) : nullptr;
+}
+
+// Without a node, a 12-pixel font of the host's default face.
+TAVUFont* TAVUElement::FontFromXML(XMLNode* node, const char* key, XMLNode* templateNode) {
+    return TAVUFont::NewFromXML(this, KeyNode(node, key, templateNode));
+}
+
+TAVUFixedFont* TAVUElement::FixedFontFromXML(XMLNode* node, const char* key,
+                                             XMLNode* templateNode) {
+    return TAVUFixedFont::NewFromXML(this, KeyNode(node, key, templateNode));
+}
+
+bool TAVUElement::TextureFromArgs(int argc, char** argv, TAVUTexture** texture) {
+    TAVUTexture::Delete(*texture);
+    *texture = nullptr;
+    if (argc < 1 || !argv[0]) return false;
+    XMLParser document;
+    if (!document.ParseBuffer(argv[0], strlen(argv[0]))) return false;
+    XMLNode* element = document.Root ? document.Root->FirstChild : nullptr;
+    while (element && element->Type != XMLNode::Element)
+        element = element->Next;
+    if (!element) return false;
+    TAVUSkin* savedSkin = g_UIManager.CurrentSkin;
+    if (argc >= 2) {
+        if (TAVUSkin* skin = g_UIManager.FindSkin(argv[1])) g_UIManager.CurrentSkin = skin;
+    }
+    *texture = TextureFromXML(element, nullptr, nullptr);
+    g_UIManager.CurrentSkin = savedSkin;
+    return *texture != nullptr;
 }
