@@ -48,6 +48,25 @@ void ClosePlugin(void* plugin) {
 #endif
 }
 
+// The example module of a derived element type, with its interface file.
+void* LoadExample(TavukitModule& module, FakeHost& host, const char* path, const char* file) {
+    printf("Loading %s\n", path);
+    void* example = OpenPlugin(path);
+    Check(example != nullptr, "the example module loads");
+    auto load = reinterpret_cast<bool (*)(CUIManager*, const char*, bool, void*)>(
+        module.Find("_ZN10CUIManager16LoadInterfaceXMLEPKcbP8TAVUSkin"));
+    host.InterfaceFiles["swatches.xml"] = file;
+    host.ClearRecords();
+    Check(load && load(module.GetManager(), "swatches.xml", false, nullptr),
+          "an interface file uses the example's element type");
+    Check(host.Console.empty() && host.Count("CompileAtom") == 2,
+          "it loads without a message, with its two scripts");
+    host.ClearRecords();
+    module.Render();
+    Check(host.Fills.size() == 15, "three swatches drawn, each a border and an inside");
+    return example;
+}
+
 int Summary() {
     printf("%d passed, %d failed\n", g_Passed, g_Failed);
     return g_Failed == 0 ? 0 : 1;
@@ -56,7 +75,8 @@ int Summary() {
 
 int main(int argc, char** argv) {
     if (argc < 3) {
-        fprintf(stderr, "usage: tavuboundary MODULE ELEMENT-MODULE\n");
+        fprintf(stderr,
+                "usage: tavuboundary MODULE ELEMENT-MODULE [EXAMPLE-MODULE EXAMPLE-FILE]\n");
         return 2;
     }
     printf("Loading %s\n", argv[1]);
@@ -104,13 +124,20 @@ int main(int argc, char** argv) {
     Check(manager->FrameTime == 1048, "frame time follows the driven clock");
     Check(renderCount && renderCount() == 6, "two visible boxes drawn in each frame");
 
+    void* example = argc >= 5 ? LoadExample(module, host, argv[3], argv[4]) : nullptr;
+
+    size_t elements = 0; // the screen too: every live element is invalidated for scripts
+    for (auto& entry : manager->ElementsByID)
+        if (entry.second) ++elements;
     manager->Shutdown();
     Check(manager->IsShutDown && manager->Screen == nullptr, "Shutdown deletes the tree");
-    Check(host.Count("InvalidatePersistentObject") == 4, "script references to elements dropped");
+    Check(host.Count("InvalidatePersistentObject") == elements,
+          "script references to elements dropped");
     size_t calls = host.Calls.size();
     manager->Shutdown();
     Check(host.Calls.size() == calls, "a second Shutdown does nothing");
 
+    if (example) ClosePlugin(example);
     ClosePlugin(plugin);
     module.Unload();
     Check(host.Calls.size() == calls, "unloading the module shuts down again, harmlessly");
