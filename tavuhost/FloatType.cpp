@@ -25,9 +25,10 @@ FloatType::FloatType(ScriptEngine& engine) : HostValueType("float", engine) {
 }
 
 bool FloatType::Store(RXObjectData& object, double value) {
-    if (!IsVariable(object)) return false;
+    float narrowed = 0;
+    if (!IsVariable(object) || !NarrowToFloat(value, narrowed)) return false;
     object.Value.Int64 = 0;
-    object.Value.Float = float(value);
+    object.Value.Float = narrowed;
     return true;
 }
 

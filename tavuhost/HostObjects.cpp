@@ -1,5 +1,6 @@
 #include "HostObjects.h"
 
+#include "HostText.h"
 #include "ScriptEngine.h"
 
 #include <cmath>
@@ -56,9 +57,11 @@ bool HostObjects::Calc(RXTypeDefinition*, RXObjectData& object, int argc, char* 
         result.Type = Of(object).Engine.FindType("int64");
         result.Value.Int64 = static_cast<int64_t>(value);
     } else {
+        float narrowed = 0;
+        if (!NarrowToFloat(value, narrowed)) return false;
         result.Type = Of(object).Engine.FindType("float");
         result.Value.UInt64 = 0;
-        result.Value.Float = float(value);
+        result.Value.Float = narrowed;
     }
     return result.Type != nullptr;
 }

@@ -49,6 +49,12 @@ bool ParseNumber(const char* text, double& value) {
     return true;
 }
 
+bool NarrowToFloat(double value, float& result) {
+    if (std::isnan(value) || std::fabs(value) > 3.4028234663852886e38) return false;
+    result = float(value);
+    return true;
+}
+
 bool ParseTruth(const char* text, bool& truth) {
     if (!text) return false;
     if (SameName(text, "TRUE")) return truth = true, true;

@@ -12,6 +12,9 @@ std::string FormatNumber(double value);
 // Whether the whole text reads as a number (blanks around it allowed).
 bool ParseNumber(const char* text, double& value);
 
+// A double narrowed to float; false when it is beyond what a float holds.
+bool NarrowToFloat(double value, float& result);
+
 // TRUE, FALSE, or a number (non-zero is true); false when the text is neither.
 bool ParseTruth(const char* text, bool& truth);
 

@@ -27,8 +27,7 @@ bool Point3fType::Store(RXObjectData& object, int argc, char* argv[]) {
     float coordinates[3] = {0, 0, 0};
     for (int i = 0; i < argc && i < 3; ++i) {
         double value = 0;
-        if (!Evaluate(argv[i], value)) return false;
-        coordinates[i] = float(value);
+        if (!Evaluate(argv[i], value) || !NarrowToFloat(value, coordinates[i])) return false;
     }
     float* point = static_cast<float*>(object.Value.Pointer);
     if (!point) point = new float[3];

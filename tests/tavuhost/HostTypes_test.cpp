@@ -66,7 +66,9 @@ TEST_F(HostTypes, FloatsPrintShortAndRound) {
     EXPECT_EQ("3.5 0.333333 4", Text("${Math.Calc[7/2]} ${Math.Calc[1/3]} ${Math.Calc[8/2]}"));
     EXPECT_EQ("17179869184", Text("${Math.Calc[4294967296*4]}"))
         << "whole results keep every digit";
-    EXPECT_EQ("NULL", Text("${Math.Calc[1/0]}"));
+    EXPECT_EQ("NULL NULL", Text("${Math.Calc[1/0]} ${Math.Calc[1e300*1e300]}"));
+    EXPECT_EQ(0, Engine.ExecuteCommand("F:Set[1e39]")) << "beyond a float";
+    EXPECT_EQ("2.75", Text("${F}"));
 }
 
 TEST_F(HostTypes, BoolsReadTrueOrFalse) {
