@@ -138,27 +138,37 @@ bool ScriptCompiler::ParseStatement(ScriptProgram& program, bool topLevel) {
     return true;
 }
 
+// An "else if" chain is walked in a loop rather than by recursion, so that a
+// long chain costs no stack.
 bool ScriptCompiler::ParseIf(ScriptProgram& program, const std::string& condition, int line) {
-    if (condition.empty()) return Fail(line, "'if' needs a condition");
-    size_t test = Emit(program, ScriptInstruction::Op::JumpUnless, condition, line);
-    if (!ParseBlock(program)) return false;
-    std::string keyword, rest;
-    if (!AtEnd()) SplitKeyword(Current().Text, keyword, rest);
-    if (!SameName(keyword, "else")) {
-        program.Code[test].Target = program.Code.size();
-        return true;
+    std::vector<size_t> skips; // the jumps from the end of each branch to the end of all
+    std::string test = condition;
+    int testLine = line;
+    for (;;) {
+        if (test.empty()) return Fail(testLine, "'if' needs a condition");
+        size_t branch = Emit(program, ScriptInstruction::Op::JumpUnless, test, testLine);
+        if (!ParseBlock(program)) return false;
+        std::string keyword, rest;
+        if (!AtEnd()) SplitKeyword(Current().Text, keyword, rest);
+        if (!SameName(keyword, "else")) {
+            program.Code[branch].Target = program.Code.size();
+            break;
+        }
+        int elseLine = Current().Line;
+        ++Next;
+        skips.push_back(Emit(program, ScriptInstruction::Op::Jump, "", elseLine));
+        program.Code[branch].Target = program.Code.size();
+        std::string nested;
+        SplitKeyword(rest, nested, test);
+        testLine = elseLine;
+        if (SameName(nested, "if")) continue;
+        if (!rest.empty()) return Fail(elseLine, "'else' must be followed by a block or 'if'");
+        if (!ParseBlock(program)) return false;
+        break;
     }
-    int elseLine = Current().Line;
-    ++Next;
-    size_t skip = Emit(program, ScriptInstruction::Op::Jump, "", elseLine);
-    program.Code[test].Target = program.Code.size();
-    std::string nested, condition2;
-    SplitKeyword(rest, nested, condition2);
-    bool parsed = SameName(nested, "if") ? ParseIf(program, condition2, elseLine)
-                  : rest.empty()         ? ParseBlock(program)
-                                 : Fail(elseLine, "'else' must be followed by a block or 'if'");
-    program.Code[skip].Target = program.Code.size();
-    return parsed;
+    for (size_t skip : skips)
+        program.Code[skip].Target = program.Code.size();
+    return true;
 }
 
 bool ScriptCompiler::ParseWhile(ScriptProgram& program, const std::string& condition, int line) {

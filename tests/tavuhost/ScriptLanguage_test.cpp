@@ -227,6 +227,20 @@ TEST_F(ScriptLanguage, IfElseWhileAndDoRunAsWritten) {
     EXPECT_EQ(std::vector<std::string>{"oe3eoedd! -2"}, TakeConsole());
 }
 
+TEST_F(ScriptLanguage, LongElseIfChainsPickTheirBranch) {
+    std::string chain = "declare V int 4321\nif ${V} == 0\n{\necho 0\n}\n";
+    for (int i = 1; i < 20000; ++i)
+        chain += "else if ${V} == " + std::to_string(i) + " {\necho " + std::to_string(i) + "\n}\n";
+    chain += "else\n{\necho none\n}\necho end\n";
+    RunScript(chain);
+    EXPECT_EQ((std::vector<std::string>{"4321", "end"}), TakeConsole());
+    RunScript("if FALSE\n{\n}\nelse banana\n");
+    EXPECT_EQ(
+        std::vector<std::string>{"Syntax error in script test line 4: 'else' must be followed "
+                                 "by a block or 'if'"},
+        TakeConsole());
+}
+
 TEST_F(ScriptLanguage, AConditionThatCannotBeEvaluatedIsFalseAndSaysWhy) {
     RunScript("; first line is a comment\n"
               "if ${Nothing} + 1 > 0\n"
