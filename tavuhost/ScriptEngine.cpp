@@ -147,6 +147,19 @@ bool ScriptEngine::RemoveTopLevelObject(const char* name) {
 }
 
 int ScriptEngine::ExecuteCommand(const char* line) {
+    // A command can reach the toolkit, which can run a command again (a
+    // command button clicked by its own command): bound that recursion.
+    if (CommandDepth >= MaxNesting) {
+        Print(std::string("Commands nest too deeply; '") + (line ? line : "") + "' not run");
+        return -1;
+    }
+    ++CommandDepth;
+    int result = ExecuteLine(line);
+    --CommandDepth;
+    return result;
+}
+
+int ScriptEngine::ExecuteLine(const char* line) {
     std::vector<std::string> words = SequenceResolver::SplitWords(line ? line : "");
     if (words.empty()) return 0;
     const std::string& first = words.front();

@@ -28,7 +28,8 @@ public:
     // A script between two waits, or one call of an atom, runs this many
     // instructions at most; beyond that it is taken for an endless loop.
     enum : unsigned { MaxSteps = 100000 };
-    // Atoms that run commands that run atoms nest this deep at most.
+    // Atoms that run commands that run atoms, and commands that the toolkit
+    // runs from inside commands, nest this deep at most.
     enum : size_t { MaxNesting = 64 };
 
     typedef std::function<int(int argc, char* argv[])> Command;
@@ -116,6 +117,7 @@ private:
         bool DataSequence;
     };
 
+    int ExecuteLine(const char* line);
     void Run(ScriptContext& context);
     void Step(ScriptContext& context);
     bool Condition(ScriptContext& context, const ScriptInstruction& instruction);
@@ -144,6 +146,7 @@ private:
     std::map<unsigned, PreParsed> PreParsedTexts;
     unsigned NextPreParsed = 1;
     std::list<std::unique_ptr<char[]>> Temporaries;
+    size_t CommandDepth = 0;
     bool Exiting = false;
     int ExitStatus = 0;
 };

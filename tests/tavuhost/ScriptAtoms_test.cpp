@@ -162,6 +162,20 @@ TEST_F(ScriptAtoms, AtomsCallingAtomsStopAtABoundedDepth) {
               TakeConsole());
 }
 
+TEST_F(ScriptAtoms, CommandsRunningThemselvesStopAtABoundedDepth) {
+    int runs = 0;
+    Engine.AddCommand("button", [&](int, char**) {
+        ++runs;
+        return Engine.ExecuteCommand("button");
+    });
+    EXPECT_EQ(-1, Engine.ExecuteCommand("button"));
+    EXPECT_EQ(int(ScriptEngine::MaxNesting), runs);
+    EXPECT_EQ(std::vector<std::string>{"Commands nest too deeply; 'button' not run"},
+              TakeConsole());
+    Run({"echo fine again"});
+    EXPECT_EQ(std::vector<std::string>{"fine again"}, TakeConsole());
+}
+
 TEST_F(ScriptAtoms, QueriesReadBareNamesAsMembersOfTheObject) {
     Node apple{"Apple", true}, pear{"Pear", true}, shut{"apple", false};
     unsigned query = Engine.CompileQuery("Text == \"Apple\" && Expanded");
