@@ -10,73 +10,75 @@
 #include <cstring>
 
 namespace {
+// Member and Method prefixes keep these clear of names that Windows' headers own
+// (SetFocus, SetRect).
 enum Member : uint32_t {
-    Name,
-    FullName,
-    ID,
-    X,
-    Y,
-    AbsoluteX,
-    AbsoluteY,
-    Width,
-    Height,
-    Visible,
-    ReallyVisible,
-    AlwaysOnTop,
-    Strata,
-    MouseOver,
-    Focus,
-    Type,
-    Alpha,
-    AbsoluteAlpha,
-    FadeAlpha,
-    FadeDelay,
-    FadeDuration,
-    FadeState,
-    LeftClickThru,
-    RightClickThru,
-    Parent,
-    Children,
-    Next,
-    Previous,
-    FindChild,
-    FindUsableChild,
-    AddChildMember,
-    GetMetadata,
-    HitTest,
+    MemberName,
+    MemberFullName,
+    MemberID,
+    MemberX,
+    MemberY,
+    MemberAbsoluteX,
+    MemberAbsoluteY,
+    MemberWidth,
+    MemberHeight,
+    MemberVisible,
+    MemberReallyVisible,
+    MemberAlwaysOnTop,
+    MemberStrata,
+    MemberMouseOver,
+    MemberFocus,
+    MemberType,
+    MemberAlpha,
+    MemberAbsoluteAlpha,
+    MemberFadeAlpha,
+    MemberFadeDelay,
+    MemberFadeDuration,
+    MemberFadeState,
+    MemberLeftClickThru,
+    MemberRightClickThru,
+    MemberParent,
+    MemberChildren,
+    MemberNext,
+    MemberPrevious,
+    MemberFindChild,
+    MemberFindUsableChild,
+    MemberAddChild,
+    MemberGetMetadata,
+    MemberHitTest,
     MemberCount
 };
 
 enum Method : uint32_t {
-    LeftClick,
-    LeftMouseDown,
-    LeftMouseUp,
-    RightClick,
-    RightMouseDown,
-    RightMouseUp,
-    SetX,
-    SetY,
-    SetWidth,
-    SetHeight,
-    SetFocus,
-    SetZOrder,
-    SetAlpha,
-    Show,
-    Hide,
-    ToggleVisible,
-    Destroy,
-    AddChildMethod,
-    SetLeftClickThru,
-    SetRightClickThru,
-    SetFadeAlpha,
-    SetFadeDelay,
-    SetFadeDuration,
-    BeginFade,
-    ResetFade,
-    InstantFade,
-    SetMetadata,
-    UnsetMetadata,
-    SetStrata,
+    MethodLeftClick,
+    MethodLeftMouseDown,
+    MethodLeftMouseUp,
+    MethodRightClick,
+    MethodRightMouseDown,
+    MethodRightMouseUp,
+    MethodSetX,
+    MethodSetY,
+    MethodSetWidth,
+    MethodSetHeight,
+    MethodSetFocus,
+    MethodSetZOrder,
+    MethodSetAlpha,
+    MethodShow,
+    MethodHide,
+    MethodToggleVisible,
+    MethodDestroy,
+    MethodAddChild,
+    MethodSetLeftClickThru,
+    MethodSetRightClickThru,
+    MethodSetFadeAlpha,
+    MethodSetFadeDelay,
+    MethodSetFadeDuration,
+    MethodBeginFade,
+    MethodResetFade,
+    MethodInstantFade,
+    MethodSetMetadata,
+    MethodUnsetMetadata,
+    MethodSetStrata,
     MethodCount
 };
 
@@ -188,30 +190,30 @@ bool TAVUElementType::GetMember(RXObjectData& object, _RXTypeMember* member, int
     auto* element = static_cast<TAVUElement*>(object.Value.Pointer);
     if (!element || member->ID >= MemberCount) return false;
     uint32_t id = member->ID;
-    if (id <= Height) return GetGeometryMember(element, id, result);
-    if (id <= RightClickThru) return GetStateMember(element, id, result);
+    if (id <= MemberHeight) return GetGeometryMember(element, id, result);
+    if (id <= MemberRightClickThru) return GetStateMember(element, id, result);
     return GetTreeMember(element, id, argc, argv, result);
 }
 
 bool TAVUElementType::GetGeometryMember(TAVUElement* element, uint32_t id, _RXTypeVar& result) {
     switch (id) {
-    case Name:
+    case MemberName:
         return SetString(result, element->Name);
-    case FullName:
+    case MemberFullName:
         return SetString(result, element->FullName);
-    case ID:
+    case MemberID:
         return SetInt(result, int(element->ID));
-    case X:
+    case MemberX:
         return SetInt(result, element->X);
-    case Y:
+    case MemberY:
         return SetInt(result, element->Y);
-    case AbsoluteX:
+    case MemberAbsoluteX:
         return SetInt(result, element->AbsolutePosition.x);
-    case AbsoluteY:
+    case MemberAbsoluteY:
         return SetInt(result, element->AbsolutePosition.y);
-    case Width:
+    case MemberWidth:
         return SetInt(result, element->Width);
-    case Height:
+    case MemberHeight:
         return SetInt(result, element->Height);
     }
     return false;
@@ -219,37 +221,37 @@ bool TAVUElementType::GetGeometryMember(TAVUElement* element, uint32_t id, _RXTy
 
 bool TAVUElementType::GetStateMember(TAVUElement* element, uint32_t id, _RXTypeVar& result) {
     switch (id) {
-    case Visible:
+    case MemberVisible:
         return SetBool(result, element->Visible);
     // "ReallyVisible" is registered but has no case: it always fails.
-    case AlwaysOnTop:
+    case MemberAlwaysOnTop:
         return SetBool(result, element->Strata == 127);
-    case Strata:
+    case MemberStrata:
         return SetInt(result, element->Strata);
-    case MouseOver:
+    case MemberMouseOver:
         return SetBool(result, element->IsMouseOver());
-    case Focus:
+    case MemberFocus:
         return SetBool(result, element->IsFocus());
-    case Type:
+    case MemberType:
         return SetString(result, element->Type);
-    case Alpha:
+    case MemberAlpha:
         return SetFloat(result, element->Alpha);
-    case AbsoluteAlpha:
+    case MemberAbsoluteAlpha:
         return SetFloat(result, element->CurrentAlpha);
-    case FadeAlpha:
+    case MemberFadeAlpha:
         return SetFloat(result, element->FadeAlpha);
-    case FadeDelay:
+    case MemberFadeDelay:
         return SetUInt(result, element->FadeDelay);
-    case FadeDuration:
+    case MemberFadeDuration:
         return SetUInt(result, element->FadeDuration);
-    case FadeState:
+    case MemberFadeState:
         // An unknown state keeps the value as it was, typed as text.
         if (element->FadeState < 4) return SetString(result, kFadeStateNames[element->FadeState]);
         result.Type = g_pStringType;
         return true;
-    case LeftClickThru:
+    case MemberLeftClickThru:
         return SetBool(result, element->LeftClickThru);
-    case RightClickThru:
+    case MemberRightClickThru:
         return SetBool(result, element->RightClickThru);
     }
     return false;
@@ -258,28 +260,28 @@ bool TAVUElementType::GetStateMember(TAVUElement* element, uint32_t id, _RXTypeV
 bool TAVUElementType::GetTreeMember(TAVUElement* element, uint32_t id, int argc, char* argv[],
                                     _RXTypeVar& result) {
     switch (id) {
-    case Parent:
+    case MemberParent:
         return SetElement(result, element->Parent);
-    case Children:
+    case MemberChildren:
         return SetElement(result, element->FirstChild);
-    case Next:
+    case MemberNext:
         return SetElement(result, element->Next);
-    case Previous:
+    case MemberPrevious:
         return SetElement(result, element->Previous);
-    case FindChild:
+    case MemberFindChild:
         return argc >= 1 && SetElement(result, element->FindChild(argv[0]));
-    case FindUsableChild:
+    case MemberFindUsableChild:
         return argc >= 2 && SetElement(result, element->FindUsableChild(argv[0], argv[1]));
-    case AddChildMember:
+    case MemberAddChild:
         return SetElement(result, AddChild(element, argc, argv));
-    case GetMetadata: {
+    case MemberGetMetadata: {
         if (argc < 1) return false;
         auto found = g_UIManager.Metadata.find(element->ID);
         if (found == g_UIManager.Metadata.end()) return false;
         auto value = found->second->find(utf8stringnocase(argv[0]));
         return value != found->second->end() && SetString(result, value->second.c_str());
     }
-    case HitTest: {
+    case MemberHitTest: {
         if (argc == 0) return SetBool(result, element->HitTest(g_UIManager.MousePosition));
         if (argc != 2) return false;
         _Point2i point{ArgInt(argv[0]), ArgInt(argv[1])};
@@ -294,92 +296,92 @@ bool TAVUElementType::GetMethod(RXObjectData& object, _RXTypeMember* method, int
     auto* element = static_cast<TAVUElement*>(object.Value.Pointer);
     if (!element || method->ID >= MethodCount) return false;
     uint32_t id = method->ID;
-    if (id <= RightMouseUp) return RunInputMethod(element, id);
+    if (id <= MethodRightMouseUp) return RunInputMethod(element, id);
     switch (id) {
-    case SetX:
-    case SetY:
-    case SetWidth:
-    case SetHeight:
-    case SetAlpha:
-    case SetFadeAlpha:
-    case SetFadeDelay:
-    case SetFadeDuration:
-    case SetLeftClickThru:
-    case SetRightClickThru:
-    case SetStrata:
-    case SetZOrder:
+    case MethodSetX:
+    case MethodSetY:
+    case MethodSetWidth:
+    case MethodSetHeight:
+    case MethodSetAlpha:
+    case MethodSetFadeAlpha:
+    case MethodSetFadeDelay:
+    case MethodSetFadeDuration:
+    case MethodSetLeftClickThru:
+    case MethodSetRightClickThru:
+    case MethodSetStrata:
+    case MethodSetZOrder:
         if (argc < 1) return false;
         break;
     }
     switch (id) {
-    case SetX:
+    case MethodSetX:
         element->X = ArgInt(argv[0]);
         return true;
-    case SetY:
+    case MethodSetY:
         element->Y = ArgInt(argv[0]);
         return true;
-    case SetWidth:
+    case MethodSetWidth:
         element->Width = ArgInt(argv[0]);
         RecalculateChildren(element);
         return true;
-    case SetHeight:
+    case MethodSetHeight:
         element->Height = ArgInt(argv[0]);
         RecalculateChildren(element);
         return true;
-    case SetFocus:
+    case MethodSetFocus:
         g_UIManager.SetFocusElement(element);
         return true;
-    case SetZOrder:
+    case MethodSetZOrder:
         return ApplyZOrder(element, argv[0]);
-    case SetAlpha:
+    case MethodSetAlpha:
         element->Alpha = ArgFloat(argv[0]);
         return true;
-    case Show:
+    case MethodShow:
         element->Show(true);
         return true;
-    case Hide:
+    case MethodHide:
         element->Show(false);
         return true;
-    case ToggleVisible:
+    case MethodToggleVisible:
         element->Show(!element->Visible);
         return true;
-    case Destroy:
+    case MethodDestroy:
         // It acts, and yet reports failure: scripts know it so.
         if (element->Parent) element->Parent->DeleteChild(element);
         return false;
-    case AddChildMethod:
+    case MethodAddChild:
         return AddChild(element, argc, argv) != nullptr;
-    case SetLeftClickThru:
+    case MethodSetLeftClickThru:
         element->LeftClickThru = ArgToggle(argv[0]);
         return true;
-    case SetRightClickThru:
+    case MethodSetRightClickThru:
         element->RightClickThru = ArgToggle(argv[0]);
         return true;
-    case SetFadeAlpha:
+    case MethodSetFadeAlpha:
         element->FadeAlpha = ArgFloat(argv[0]);
         return true;
-    case SetFadeDelay:
+    case MethodSetFadeDelay:
         element->FadeDelay = unsigned(ArgInt(argv[0]));
         return true;
-    case SetFadeDuration:
+    case MethodSetFadeDuration:
         element->FadeDuration = unsigned(ArgInt(argv[0]));
         return true;
-    case BeginFade:
+    case MethodBeginFade:
         element->FadeState = TAVU_FADE_DELAYING;
         element->FadeStart = g_UIManager.FrameTime;
         return true;
-    case ResetFade:
+    case MethodResetFade:
         element->FadeState = TAVU_FADE_NORMAL;
         return true;
-    case InstantFade:
+    case MethodInstantFade:
         element->FadeState = TAVU_FADE_FADED;
         return true;
-    case SetMetadata:
+    case MethodSetMetadata:
         return argc >= 2 && g_UIManager.SetMetadata(element->ID, argv[0], argv[1]);
-    case UnsetMetadata:
+    case MethodUnsetMetadata:
         g_UIManager.UnsetMetadata(element->ID, argc >= 1 ? argv[0] : "");
         return true;
-    case SetStrata:
+    case MethodSetStrata:
         element->Strata = static_cast<signed char>(ArgInt(argv[0]) & 0xFF);
         element->MoveZTop(false);
         return true;
@@ -390,28 +392,28 @@ bool TAVUElementType::GetMethod(RXObjectData& object, _RXTypeMember* method, int
 // The element's own handlers, as a click on it would call them. The handlers
 // may run scripts that delete the element: the second half is skipped then.
 bool TAVUElementType::RunInputMethod(TAVUElement* element, uint32_t id) {
-    _Point2i point =
-        (id == RightMouseDown || id == RightMouseUp) ? PointB(element) : PointA(element);
+    _Point2i point = (id == MethodRightMouseDown || id == MethodRightMouseUp) ? PointB(element)
+                                                                              : PointA(element);
     unsigned elementID = element->ID;
     switch (id) {
-    case LeftClick:
+    case MethodLeftClick:
         element->OnLMouseDown(point);
         if (g_UIManager.FindElementByID(elementID)) element->OnLMouseUp(point);
         return true;
-    case LeftMouseDown:
+    case MethodLeftMouseDown:
         element->OnLMouseDown(point);
         return true;
-    case LeftMouseUp:
+    case MethodLeftMouseUp:
         element->OnLMouseUp(point);
         return true;
-    case RightClick:
+    case MethodRightClick:
         element->OnRMouseDown(point);
         if (g_UIManager.FindElementByID(elementID)) element->OnRMouseUp(point);
         return true;
-    case RightMouseDown:
+    case MethodRightMouseDown:
         element->OnRMouseDown(point);
         return true;
-    case RightMouseUp:
+    case MethodRightMouseUp:
         element->OnRMouseUp(point);
         return true;
     }

@@ -4,15 +4,23 @@
 #include "TAVUFont.h"
 
 namespace {
-// IDs of this type start at 1.
-enum Member : uint32_t { Height = 1, Name, Color, Bold, GetTextWidth, MemberEnd };
+// IDs of this type start at 1. Member and Method prefixes keep these clear of
+// names that Windows' headers own.
+enum Member : uint32_t {
+    MemberHeight = 1,
+    MemberName,
+    MemberColor,
+    MemberBold,
+    MemberGetTextWidth,
+    MemberEnd
+};
 enum Method : uint32_t {
-    SetHeight = 1,
-    SetName,
-    SetColor,
-    EnableBold,
-    DisableBold,
-    ToggleBold,
+    MethodSetHeight = 1,
+    MethodSetName,
+    MethodSetColor,
+    MethodEnableBold,
+    MethodDisableBold,
+    MethodToggleBold,
     MethodEnd
 };
 
@@ -24,9 +32,9 @@ const unsigned kLargestHeight = 96;
 } // namespace
 
 TAVUFontType::TAVUFontType() : TAVUScriptType("tavufont") {
-    for (uint32_t id = Height; id < MemberEnd; ++id)
+    for (uint32_t id = MemberHeight; id < MemberEnd; ++id)
         AddMember(id, kMemberNames[id], nullptr);
-    for (uint32_t id = SetHeight; id < MethodEnd; ++id)
+    for (uint32_t id = MethodSetHeight; id < MethodEnd; ++id)
         AddMethod(id, kMethodNames[id], nullptr);
 }
 
@@ -48,15 +56,15 @@ bool TAVUFontType::GetMember(RXObjectData& object, _RXTypeMember* member, int ar
     auto* font = static_cast<TAVUFont*>(object.Value.Pointer);
     if (!font || member->ID >= MemberEnd) return false;
     switch (member->ID) {
-    case Height:
+    case MemberHeight:
         return SetInt(result, int(font->Height));
-    case Name:
+    case MemberName:
         return font->Name && SetString(result, font->Name);
-    case Color:
+    case MemberColor:
         return SetInt(result, int(font->Color));
-    case Bold:
+    case MemberBold:
         return SetBool(result, font->Bold);
-    case GetTextWidth:
+    case MemberGetTextWidth:
         return argc >= 1 && SetUInt(result, unsigned(font->GetTextWidth(argv[0])));
     }
     return false;
@@ -65,31 +73,32 @@ bool TAVUFontType::GetMember(RXObjectData& object, _RXTypeMember* member, int ar
 bool TAVUFontType::GetMethod(RXObjectData& object, _RXTypeMember* method, int argc, char* argv[]) {
     auto* font = static_cast<TAVUFont*>(object.Value.Pointer);
     if (!font || method->ID >= MethodEnd) return false;
-    bool needsArgument = method->ID == SetHeight || method->ID == SetName || method->ID == SetColor;
+    bool needsArgument = method->ID == MethodSetHeight || method->ID == MethodSetName ||
+                         method->ID == MethodSetColor;
     if (needsArgument && argc < 1) return false;
     switch (method->ID) {
-    case SetHeight: {
+    case MethodSetHeight: {
         int height = ArgInt(argv[0]);
         if (height > int(kLargestHeight)) return true; // ignored, and yet a success
         font->SetHeight(static_cast<unsigned char>(height & 0xFF));
         return true;
     }
-    case SetName:
+    case MethodSetName:
         if (StrCompareNoCase(font->Name, argv[0]) != 0) font->SetName(argv[0]);
         return true;
-    case SetColor: {
+    case MethodSetColor: {
         unsigned color = 0xFFFFFFFFu; // text that does not parse gives opaque white
         ArgHex(argv[0], color);
         font->Color = color;
         return true;
     }
-    case EnableBold:
+    case MethodEnableBold:
         font->SetBold(true);
         return true;
-    case DisableBold:
+    case MethodDisableBold:
         font->SetBold(false);
         return true;
-    case ToggleBold:
+    case MethodToggleBold:
         font->SetBold(!font->Bold);
         return true;
     }

@@ -4,34 +4,36 @@
 #include "TAVUTexture.h"
 
 namespace {
+// Member and Method prefixes keep these clear of names that Windows' headers own
+// (SetFocus, SetRect).
 enum Member : uint32_t {
-    Filename,
-    ColorKey,
-    Alpha,
-    ColorMask,
-    Border,
-    Orientation,
-    Left,
-    Right,
-    Top,
-    Bottom,
-    HasRect,
-    HasAlpha,
-    HasColorMask,
+    MemberFilename,
+    MemberColorKey,
+    MemberAlpha,
+    MemberColorMask,
+    MemberBorder,
+    MemberOrientation,
+    MemberLeft,
+    MemberRight,
+    MemberTop,
+    MemberBottom,
+    MemberHasRect,
+    MemberHasAlpha,
+    MemberHasColorMask,
     MemberCount
 };
 
 enum Method : uint32_t {
-    Copy,
-    Set,
-    SetRect,
-    SetAlpha,
-    SetColorMask,
-    UnsetRect,
-    UnsetAlpha,
-    UnsetColorMask,
-    SetOrientation,
-    SetBorder,
+    MethodCopy,
+    MethodSet,
+    MethodSetRect,
+    MethodSetAlpha,
+    MethodSetColorMask,
+    MethodUnsetRect,
+    MethodUnsetAlpha,
+    MethodUnsetColorMask,
+    MethodSetOrientation,
+    MethodSetBorder,
     MethodCount
 };
 
@@ -84,34 +86,34 @@ bool TAVUTextureType::GetMember(RXObjectData& object, _RXTypeMember* member, int
     unsigned flags = texture->Flags;
     bool hasRect = flags & TAVUTexture::HasRect;
     switch (member->ID) {
-    case Filename:
+    case MemberFilename:
         result.Value.Pointer = WideFilename(texture->Filename);
         result.Type = g_pFilePathType;
         return true;
-    case ColorKey:
+    case MemberColorKey:
         return SetInt(result, int(texture->ColorKey));
-    case Alpha:
+    case MemberAlpha:
         return (flags & TAVUTexture::HasAlpha) && SetFloat(result, texture->Alpha);
-    case ColorMask:
+    case MemberColorMask:
         return (flags & TAVUTexture::HasColorMask) && SetInt(result, int(texture->ColorMask));
-    case Border:
+    case MemberBorder:
         SetInt(result, int(texture->Border));
         return false; // the value is in the result, and the request fails all the same
-    case Orientation:
+    case MemberOrientation:
         return SetInt(result, texture->Orientation);
-    case Left:
+    case MemberLeft:
         return hasRect && SetInt(result, texture->Left);
-    case Right:
+    case MemberRight:
         return hasRect && SetInt(result, texture->Right);
-    case Top:
+    case MemberTop:
         return hasRect && SetInt(result, texture->Top);
-    case Bottom:
+    case MemberBottom:
         return hasRect && SetInt(result, texture->Bottom);
-    case HasRect:
+    case MemberHasRect:
         return SetBool(result, flags & TAVUTexture::HasRect);
-    case HasAlpha:
+    case MemberHasAlpha:
         return SetBool(result, flags & TAVUTexture::HasAlpha);
-    case HasColorMask:
+    case MemberHasColorMask:
         return SetBool(result, flags & TAVUTexture::HasColorMask);
     }
     return false;
@@ -121,11 +123,11 @@ bool TAVUTextureType::GetMethod(RXObjectData& object, _RXTypeMember* method, int
                                 char* argv[]) {
     auto* texture = static_cast<TAVUTexture*>(object.Value.Pointer);
     if (method->ID >= MethodCount) return false;
-    bool needsArgument =
-        method->ID != UnsetRect && method->ID != UnsetAlpha && method->ID != UnsetColorMask;
+    bool needsArgument = method->ID != MethodUnsetRect && method->ID != MethodUnsetAlpha &&
+                         method->ID != MethodUnsetColorMask;
     if (needsArgument && argc < 1) return false;
     switch (method->ID) {
-    case Copy: {
+    case MethodCopy: {
         _RXTypeVar source{};
         if (!g_pHostScript->DataParse(argv[0], source) || !source.Value.Pointer ||
             source.Type != GetVariableType())
@@ -133,13 +135,13 @@ bool TAVUTextureType::GetMethod(RXObjectData& object, _RXTypeMember* method, int
         texture->SetFrom(*static_cast<TAVUTexture*>(source.Value.Pointer));
         return true;
     }
-    case Set: {
+    case MethodSet: {
         unsigned key = 0;
         if (argc >= 2) ArgHex(argv[1], key);
         texture->Set(argv[0], key);
         return true;
     }
-    case SetRect:
+    case MethodSetRect:
         if (argc < 4) return false;
         texture->Left = ArgInt(argv[0]);
         texture->Top = ArgInt(argv[1]);
@@ -147,27 +149,27 @@ bool TAVUTextureType::GetMethod(RXObjectData& object, _RXTypeMember* method, int
         texture->Bottom = ArgInt(argv[3]);
         texture->Flags |= TAVUTexture::HasRect;
         return true;
-    case SetAlpha:
+    case MethodSetAlpha:
         texture->Alpha = ArgFloat(argv[0]);
         texture->Flags |= TAVUTexture::HasAlpha;
         return true;
-    case SetColorMask:
+    case MethodSetColorMask:
         ArgHex(argv[0], texture->ColorMask);
         texture->Flags |= TAVUTexture::HasColorMask;
         return true;
-    case UnsetRect:
+    case MethodUnsetRect:
         texture->Flags &= ~unsigned(TAVUTexture::HasRect);
         return true;
-    case UnsetAlpha:
+    case MethodUnsetAlpha:
         texture->Flags &= ~unsigned(TAVUTexture::HasAlpha);
         return true;
-    case UnsetColorMask:
+    case MethodUnsetColorMask:
         texture->Flags &= ~unsigned(TAVUTexture::HasColorMask);
         return true;
-    case SetOrientation:
+    case MethodSetOrientation:
         texture->Orientation = uint8_t(ArgInt(argv[0]));
         return true;
-    case SetBorder:
+    case MethodSetBorder:
         texture->Border = unsigned(ArgInt(argv[0]));
         return true;
     }

@@ -6,28 +6,30 @@
 #include <cstdio>
 
 namespace {
+// Member and Method prefixes keep these clear of names that Windows' headers own
+// (SetFocus, SetRect).
 enum Member : uint32_t {
-    Version,
-    APIVersion,
-    CurrentSkin,
-    MouseOverElement,
-    FocusedElement,
-    IsShiftDown,
-    IsAltDown,
-    IsCtrlDown,
+    MemberVersion,
+    MemberAPIVersion,
+    MemberCurrentSkin,
+    MemberMouseOverElement,
+    MemberFocusedElement,
+    MemberIsShiftDown,
+    MemberIsAltDown,
+    MemberIsCtrlDown,
     MemberCount
 };
 } // namespace
 
 TavukitType::TavukitType() : TAVUScriptType("tavukit") {
-    AddMember(Version, "Version", nullptr);
-    AddMember(APIVersion, "APIVersion", nullptr);
-    AddMember(CurrentSkin, "CurrentSkin", nullptr);
-    AddMember(MouseOverElement, "MouseOverElement", nullptr);
-    AddMember(FocusedElement, "FocusedElement", nullptr);
-    AddMember(IsShiftDown, "IsShiftDown", nullptr);
-    AddMember(IsAltDown, "IsAltDown", nullptr);
-    AddMember(IsCtrlDown, "IsCtrlDown", nullptr);
+    AddMember(MemberVersion, "Version", nullptr);
+    AddMember(MemberAPIVersion, "APIVersion", nullptr);
+    AddMember(MemberCurrentSkin, "CurrentSkin", nullptr);
+    AddMember(MemberMouseOverElement, "MouseOverElement", nullptr);
+    AddMember(MemberFocusedElement, "FocusedElement", nullptr);
+    AddMember(MemberIsShiftDown, "IsShiftDown", nullptr);
+    AddMember(MemberIsAltDown, "IsAltDown", nullptr);
+    AddMember(MemberIsCtrlDown, "IsCtrlDown", nullptr);
 }
 
 RXTypeDefinition* TavukitType::Make() {
@@ -38,24 +40,24 @@ bool TavukitType::GetMember(RXObjectData& object, _RXTypeMember* member, int, ch
                             _RXTypeVar& result) {
     if (!object.Value.Pointer || member->ID >= MemberCount) return false;
     switch (member->ID) {
-    case Version:
+    case MemberVersion:
         return SetString(result, "0.73");
-    case APIVersion: {
+    case MemberAPIVersion: {
         static char version[16];
         snprintf(version, sizeof(version), "%X", CUIManager::Version);
         return SetString(result, version);
     }
-    case CurrentSkin:
+    case MemberCurrentSkin:
         return g_UIManager.CurrentSkin && SetString(result, g_UIManager.CurrentSkin->Name);
-    case MouseOverElement:
+    case MemberMouseOverElement:
         return SetElement(result, g_UIManager.GetMouseOverElement());
-    case FocusedElement:
+    case MemberFocusedElement:
         return SetElement(result, g_UIManager.GetFocusElement());
-    case IsShiftDown:
+    case MemberIsShiftDown:
         return SetBool(result, g_UIManager.Shift);
-    case IsAltDown:
+    case MemberIsAltDown:
         return SetBool(result, g_UIManager.Alt);
-    case IsCtrlDown:
+    case MemberIsCtrlDown:
         return SetBool(result, g_UIManager.Control);
     }
     return false;
