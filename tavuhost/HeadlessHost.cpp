@@ -16,9 +16,12 @@ namespace {
 // The longest a wait may be, so that a typo cannot stall a run for days.
 const long MaxWaitMilliseconds = 3600000;
 
+// A whole number that fits 32 bits, as coordinates, codes and times do.
 bool ParseInt(const char* text, long& value) {
     double number = 0;
-    if (!ParseNumber(text, number) || number != long(number)) return false;
+    if (!ParseNumber(text, number) || number < -2147483648.0 || number > 2147483647.0 ||
+        number != double(long(number)))
+        return false;
     value = long(number);
     return true;
 }
@@ -121,36 +124,35 @@ int HeadlessHost::Mouse(int argc, char* argv[]) {
     static const char* const syntax = "Syntax: mouse move X Y | mouse press|release|click "
                                       "left|right [X Y] | mouse wheel N";
     std::string action = argc > 1 ? argv[1] : "";
-    long x = 0, y = 0, offset = 0;
+    long x = 0, y = 0;
     if (SameName(action, "wheel")) {
-        if (argc != 3 || !ParseInt(argv[2], offset)) return Engine.Print(syntax), -1;
-        Module.OnMouseWheel(int(offset));
+        if (argc != 3 || !ParseInt(argv[2], x)) return Engine.Print(syntax), -1;
+        Module.OnMouseWheel(int(x));
         return 0;
     }
     bool isMove = SameName(action, "move");
-    int coordinates = isMove ? 2 : 3; // where X stands
-    bool hasPoint = argc == coordinates + 2;
-    if ((isMove && !hasPoint) || (!isMove && argc != 3 && !hasPoint))
+    bool isButton =
+        SameName(action, "press") || SameName(action, "release") || SameName(action, "click");
+    std::string button = isButton && argc > 2 ? argv[2] : "";
+    bool knownButton = SameName(button, "left") || SameName(button, "right");
+    int pointAt = isMove ? 2 : 3; // where X stands, when it is given
+    bool hasPoint = argc == pointAt + 2;
+    // Everything is checked before anything moves, so a mistyped line does nothing.
+    bool valid = (isMove && hasPoint) || (isButton && knownButton && (argc == 3 || hasPoint));
+    if (!valid || (hasPoint && (!ParseInt(argv[pointAt], x) || !ParseInt(argv[pointAt + 1], y))))
         return Engine.Print(syntax), -1;
     if (hasPoint) {
-        if (!ParseInt(argv[coordinates], x) || !ParseInt(argv[coordinates + 1], y))
-            return Engine.Print(syntax), -1;
         MousePosition = _Point2i{int(x), int(y)};
         Module.OnMouseMove(MousePosition);
     }
-    if (isMove) return 0;
-    return MouseButton(action, argv[2]) < 0 ? (Engine.Print(syntax), -1) : 0;
+    if (isButton) MouseButton(action, button);
+    return 0;
 }
 
-int HeadlessHost::MouseButton(const std::string& action, const std::string& button) {
+void HeadlessHost::MouseButton(const std::string& action, const std::string& button) {
     bool left = SameName(button, "left");
-    if (!left && !SameName(button, "right")) return -1;
-    bool press = SameName(action, "press") || SameName(action, "click");
-    bool release = SameName(action, "release") || SameName(action, "click");
-    if (!press && !release) return -1;
-    if (press) left ? Module.OnLMouseDown() : Module.OnRMouseDown();
-    if (release) left ? Module.OnLMouseUp() : Module.OnRMouseUp();
-    return 0;
+    if (!SameName(action, "release")) left ? Module.OnLMouseDown() : Module.OnRMouseDown();
+    if (!SameName(action, "press")) left ? Module.OnLMouseUp() : Module.OnRMouseUp();
 }
 
 int HeadlessHost::Key(int argc, char* argv[]) {

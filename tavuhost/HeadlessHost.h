@@ -114,7 +114,7 @@ private:
     int WaitCommand(int argc, char* argv[]);
     int WaitFrameCommand(int argc, char* argv[]);
     int Mouse(int argc, char* argv[]);
-    int MouseButton(const std::string& action, const std::string& button);
+    void MouseButton(const std::string& action, const std::string& button);
     int Key(int argc, char* argv[]);
     void PressKey(unsigned code);
     void ReleaseKey(unsigned code);

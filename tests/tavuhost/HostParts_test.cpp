@@ -333,6 +333,8 @@ TEST_F(HeadlessHostTest, HostCommandsCheckTheirArguments) {
     Engine.ExecuteCommand("mouse fly left");
     Engine.ExecuteCommand("mouse click middle");
     Engine.ExecuteCommand("mouse move 1");
+    Engine.ExecuteCommand("mouse click left 10");
+    Engine.ExecuteCommand("mouse move 1e300 5");
     Engine.ExecuteCommand("key tap Nope");
     Engine.ExecuteCommand("key hold A");
     Engine.ExecuteCommand("exit soon");
@@ -345,9 +347,9 @@ TEST_F(HeadlessHostTest, HostCommandsCheckTheirArguments) {
     EXPECT_EQ(
         (std::vector<std::string>{
             "Syntax: wait MILLISECONDS (0 to 3600000)", "Syntax: wait MILLISECONDS (0 to 3600000)",
-            mouse, mouse, mouse, "key: unknown key 'Nope'", "Syntax: key press|release|tap NAME",
-            "Syntax: exit [CODE] (0 to 255)", "Syntax: exit [CODE] (0 to 255)",
-            "type: no key types '\x01'",
+            mouse, mouse, mouse, mouse, mouse, "key: unknown key 'Nope'",
+            "Syntax: key press|release|tap NAME", "Syntax: exit [CODE] (0 to 255)",
+            "Syntax: exit [CODE] (0 to 255)", "type: no key types '\x01'",
             "screenshot: this host has no renderer yet, so 'shot.png' was not written"}),
         Console);
     EXPECT_FALSE(Engine.ExitRequested());
