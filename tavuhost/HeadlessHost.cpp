@@ -456,10 +456,9 @@ bool HeadlessHost::OpenClipboard() {
 #if defined(_WIN32)
     return ::OpenClipboard(nullptr) != 0;
 #else
-    // Elsewhere the clipboard lives inside the module; it opens only if the
-    // module exports its opener.
-    auto open = reinterpret_cast<int (*)(void*)>(Module.Find("OpenClipboard"));
-    return open && open(nullptr) != 0;
+    // Elsewhere the clipboard lives inside the module, which exports its opener.
+    auto open = reinterpret_cast<int (*)()>(Module.Find("TavuOpenClipboard"));
+    return open && open() != 0;
 #endif
 }
 

@@ -9,3 +9,9 @@ inline int TruncateToInt(float value) {
     if (!(value > -2147483904.0f && value < 2147483648.0f)) return INT32_MIN;
     return int(value);
 }
+
+// Screen arithmetic that wraps as the processor does, rather than overflowing:
+// extreme sizes (a fraction of a negative parent size) must not be undefined.
+inline int WrapAdd(int a, int b) {
+    return int(unsigned(a) + unsigned(b));
+}

@@ -159,7 +159,8 @@ void TAVUElement::Render() {
 // gone ends this level's walk, since its sibling links may be stale.
 void TAVUElement::RenderChildren() {
     for (TAVUElement* child = FirstChild; child;) {
-        _Point2i position{AbsolutePosition.x + child->X, AbsolutePosition.y + child->Y};
+        _Point2i position{WrapAdd(AbsolutePosition.x, child->X),
+                          WrapAdd(AbsolutePosition.y, child->Y)};
         if (!child->Visible) {
             child->SetAbsolutePosition(position);
             child = child->Next;
@@ -482,8 +483,8 @@ bool TAVUElement::IsReallyVisible() {
 }
 
 bool TAVUElement::HitTest(_Point2i& point) {
-    if (point.x < AbsolutePosition.x || point.x > AbsolutePosition.x + Width ||
-        point.y < AbsolutePosition.y || point.y > AbsolutePosition.y + Height)
+    int64_t left = AbsolutePosition.x, top = AbsolutePosition.y;
+    if (point.x < left || point.x > left + Width || point.y < top || point.y > top + Height)
         return false;
     const char* shape = g_UIManager.GetMetadata(ID, "HitTest");
     if (!shape[0]) return true;
@@ -494,8 +495,8 @@ bool TAVUElement::HitTest(_Point2i& point) {
         radius = Height >> 1;
     else
         return true;
-    float dx = float(point.x - (AbsolutePosition.x + (Width >> 1)));
-    float dy = float(point.y - (AbsolutePosition.y + (Height >> 1)));
+    float dx = float(point.x - (left + (Width >> 1)));
+    float dy = float(point.y - (top + (Height >> 1)));
     return std::sqrt(dx * dx + dy * dy) <= float(radius);
 }
 
@@ -528,7 +529,7 @@ float TAVUElement::GetCurrentAlpha() {
 void TAVUElement::SetAbsolutePosition(_Point2i& position) {
     AbsolutePosition = position;
     for (TAVUElement* child = FirstChild; child; child = child->Next) {
-        _Point2i childPosition{position.x + child->X, position.y + child->Y};
+        _Point2i childPosition{WrapAdd(position.x, child->X), WrapAdd(position.y, child->Y)};
         child->SetAbsolutePosition(childPosition);
     }
 }

@@ -135,6 +135,19 @@ public:
     // Nine cells, so that the texture's frame keeps its size at any rectangle.
     bool TexturedRectBordered(tagRECT& rect, TAVUTexture* texture, unsigned width);
     bool TexturedRects(unsigned count, TAVUTexturedRect* rects);
+    // Text through a font, each nothing for a null font, answering the width
+    // drawn. Without a right edge, the clipped forms stop at this element's
+    // right side; nothing is drawn when x is at or beyond the edge.
+    size_t DrawText(TAVUFont* font, const char* text, int x, int y);
+    size_t DrawTextClipped(TAVUFont* font, const char* text, int x, int y);
+    size_t DrawTextClipped(TAVUFont* font, const char* text, int x, int y, int right);
+    size_t DrawTextCenter(TAVUFont* font, const char* text, int x, int y);
+    size_t DrawTextCenter(TAVUFont* font, const char* text, int x, int y, int right);
+    size_t DrawTextRight(TAVUFont* font, const char* text, int x, int y);
+    size_t DrawTextRight(TAVUFont* font, const char* text, int x, int y, int right);
+    // Text with colour codes, segment by segment, in at most 2048 bytes.
+    size_t DrawColoredText(TAVUFont* font, const char* text, int x, int y);
+    size_t DrawColoredTextClipped(TAVUFont* font, const char* text, int x, int y, int right);
     // A colour with its alpha byte scaled by CurrentAlpha, capped at 255.
     unsigned AdjustColorAlpha(unsigned color);
 
@@ -215,6 +228,7 @@ private:
     bool IsOffScreen(const tagRECT& rect);
     bool FillBorderStrips(const tagRECT& rect, unsigned width, unsigned color);
     void FillTextureRecord(TAVUDrawRecord& record, TAVUTexture* texture);
+    int RightEdge() const;
     void Unlink();
     void LinkAbove(TAVUElement* below);
     void SwapWithNext();

@@ -5,6 +5,8 @@
 #include "CUIManager.h"
 #include "Module.h"
 #include "NumberHelpers.h"
+#include "TAVUColoredText.h"
+#include "TAVUFont.h"
 #include "TAVUScreen.h"
 #include "TAVUTexture.h"
 #include "TAVUTexturedRect.h"
@@ -246,4 +248,48 @@ bool TAVUElement::TexturedRects(unsigned count, TAVUTexturedRect* rects) {
     bool result = g_pHost->TexturedRects(count, records);
     delete[] records;
     return result;
+}
+
+int TAVUElement::RightEdge() const {
+    return int(unsigned(AbsolutePosition.x) + unsigned(Width));
+}
+
+size_t TAVUElement::DrawText(TAVUFont* font, const char* text, int x, int y) {
+    return font ? font->Draw(text, x, y, 0) : 0;
+}
+
+// The unclipped-width form: the first (left) form does not refuse an empty text.
+size_t TAVUElement::DrawTextClipped(TAVUFont* font, const char* text, int x, int y) {
+    int right = RightEdge();
+    if (!font || x >= right) return 0;
+    return font->Draw(text, x, y, size_t(int64_t(right) - int64_t(x)));
+}
+
+size_t TAVUElement::DrawTextClipped(TAVUFont* font, const char* text, int x, int y, int right) {
+    return font ? font->DrawClipped(text, x, y, right) : 0;
+}
+
+size_t TAVUElement::DrawTextCenter(TAVUFont* font, const char* text, int x, int y) {
+    return DrawTextCenter(font, text, x, y, RightEdge());
+}
+
+size_t TAVUElement::DrawTextCenter(TAVUFont* font, const char* text, int x, int y, int right) {
+    return font ? font->DrawCenterClipped(text, x, y, right) : 0;
+}
+
+size_t TAVUElement::DrawTextRight(TAVUFont* font, const char* text, int x, int y) {
+    return DrawTextRight(font, text, x, y, RightEdge());
+}
+
+size_t TAVUElement::DrawTextRight(TAVUFont* font, const char* text, int x, int y, int right) {
+    return font ? font->DrawRightClipped(text, x, y, right) : 0;
+}
+
+size_t TAVUElement::DrawColoredText(TAVUFont* font, const char* text, int x, int y) {
+    return TAVUColoredText::Draw(font, text, x, y);
+}
+
+size_t TAVUElement::DrawColoredTextClipped(TAVUFont* font, const char* text, int x, int y,
+                                           int right) {
+    return TAVUColoredText::DrawClipped(font, text, x, y, right);
 }

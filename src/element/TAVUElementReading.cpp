@@ -158,6 +158,6 @@ bool TAVUElement::TextureFromArgs(int argc, char** argv, TAVUTexture** texture) 
         if (TAVUSkin* skin = g_UIManager.FindSkin(argv[1])) g_UIManager.CurrentSkin = skin;
     }
     *texture = TextureFromXML(element, nullptr, nullptr);
-    g_UIManager.CurrentSkin = savedSkin;
+    g_UIManager.RestoreSkin(savedSkin);
     return *texture != nullptr;
 }

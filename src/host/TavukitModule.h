@@ -75,6 +75,12 @@ public:
         DriveClockFunction = AdvanceClockFunction = nullptr;
         ReleaseClockFunction = nullptr;
         SetKeyStateFunction = nullptr;
+        EntryF1 = nullptr;
+        RenderFunction = nullptr;
+        MouseMoveFunction = nullptr;
+        LMouseDownFunction = LMouseUpFunction = RMouseDownFunction = RMouseUpFunction = nullptr;
+        WheelFunction = nullptr;
+        KeyDownFunction = KeyUpFunction = nullptr;
     }
 
     bool IsLoaded() const {

@@ -112,6 +112,9 @@ public:
     TAVUSkin* FindSkin(const char* name);
     void RemoveSkin(const char* name);
     void ClearSkins();
+    // Makes a remembered skin current again, or none when it was deleted since
+    // it was remembered (a load may redefine the skin it ran under).
+    void RestoreSkin(TAVUSkin* remembered);
 
     unsigned FocusElementID = 0;
     unsigned MouseOverElementID = 0;

@@ -39,7 +39,7 @@ bool CUIManager::LoadInterfaceXML(TAVUElement* parent, const char* file, const c
         if (parent != Screen && !FindElementByID(parentID)) break;
         LoadEntry(parent, entry, elementName, newName, reload);
     }
-    CurrentSkin = savedSkin;
+    RestoreSkin(savedSkin);
     return true;
 }
 

@@ -217,3 +217,9 @@ void CUIManager::ClearSkins() {
         delete entry.second;
     Skins.clear();
 }
+
+void CUIManager::RestoreSkin(TAVUSkin* remembered) {
+    CurrentSkin = nullptr;
+    for (auto& entry : Skins)
+        if (entry.second == remembered) CurrentSkin = remembered;
+}

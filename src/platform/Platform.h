@@ -139,6 +139,11 @@ TAVU_API void TavuDriveClock(DWORD tick);
 TAVU_API void TavuAdvanceClock(DWORD milliseconds);
 TAVU_API void TavuReleaseClock();
 
+// Opens the clipboard that the toolkit's own clipboard calls reach: the
+// system's on Windows, the module's own elsewhere. A host's OpenClipboard
+// answers with it, so that the toolkit's copy and paste find it open.
+TAVU_API BOOL TavuOpenClipboard();
+
 // Sets what GetKeyState answers for a key on systems where the toolkit cannot
 // ask the operating system (bit 0x8000 down, bit 1 toggled). No effect on Windows.
 TAVU_API void TavuSetKeyState(int virtualKey, SHORT state);

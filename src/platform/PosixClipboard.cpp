@@ -2,6 +2,10 @@
 // where there is no USER32. The clipboard owns what SetClipboardData gives it.
 #include "Platform.h"
 
+extern "C" BOOL TavuOpenClipboard() {
+    return OpenClipboard(nullptr);
+}
+
 #if !defined(_WIN32)
 #include <stdlib.h>
 #include <string.h>

@@ -449,6 +449,6 @@ TAVUElement* TAVUElementType::AddChild(TAVUElement* parent, int argc, char* argv
     if (skin) g_UIManager.CurrentSkin = skin;
     TAVUElement* made =
         g_UIManager.LoadElement(parent, argv[0], argv[1], document.Root->FirstChild, nullptr);
-    g_UIManager.CurrentSkin = savedSkin;
+    g_UIManager.RestoreSkin(savedSkin);
     return made;
 }

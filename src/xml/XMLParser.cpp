@@ -16,6 +16,8 @@
 
 #if defined(_WIN32)
 #include <cwchar>
+#else
+#include <sys/stat.h>
 #endif
 
 namespace {
@@ -87,12 +89,25 @@ std::string Utf8FromWide(const wchar_t* name) {
     return text;
 }
 
+#if !defined(_WIN32)
+// A folder opens for reading here but not on Windows: refuse it the same way.
+FILE* OpenNarrow(const std::string& name) {
+    if (name.empty()) return nullptr;
+    FILE* file = fopen(name.c_str(), "rb");
+    struct stat status;
+    if (file && (fstat(fileno(file), &status) != 0 || S_ISDIR(status.st_mode))) {
+        fclose(file);
+        return nullptr;
+    }
+    return file;
+}
+#endif
+
 FILE* OpenUnits(const WCHAR* name) {
 #if defined(_WIN32)
     return _wfopen(name, L"rb");
 #else
-    std::string narrow = Utf8FromUnits(name);
-    return narrow.empty() ? nullptr : fopen(narrow.c_str(), "rb");
+    return OpenNarrow(Utf8FromUnits(name));
 #endif
 }
 
@@ -100,8 +115,7 @@ FILE* OpenWide(const wchar_t* name) {
 #if defined(_WIN32)
     return _wfopen(name, L"rb");
 #else
-    std::string narrow = Utf8FromWide(name);
-    return narrow.empty() ? nullptr : fopen(narrow.c_str(), "rb");
+    return OpenNarrow(Utf8FromWide(name));
 #endif
 }
 

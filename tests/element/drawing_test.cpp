@@ -1,3 +1,4 @@
+#include "TAVUFont.h"
 #include "TAVUScreen.h"
 #include "TAVUTexture.h"
 #include "TAVUTexturedRect.h"
@@ -203,4 +204,31 @@ TEST_F(TexturedDrawing, TexturedLinesNeedATextureEvenForNoLines) {
     ASSERT_EQ(Host.DrawRecords.size(), 1u);
     EXPECT_EQ(Host.DrawRecords[0].Texture, texture->Texture);
     EXPECT_EQ(Host.DrawRecords[0].Flags & 2u, 2u);
+}
+
+TEST_F(Drawing, TextStopsAtTheElementsRightEdgeAndNeedsAFont) {
+    element->AbsolutePosition = {100, 0};
+    element->Width = 50;
+    EXPECT_EQ(element->DrawText(nullptr, "text", 0, 0), 0u);
+    TAVUFont* font = TAVUFont::New(element, "Sans", 12, false, false);
+    EXPECT_EQ(element->DrawTextClipped(font, "abc", 150, 0), 0u); // at the edge: nothing
+    EXPECT_EQ(element->DrawTextClipped(font, "abc", 120, 0), 21u);
+    ASSERT_EQ(Host.Texts.size(), 1u);
+    EXPECT_EQ(Host.Texts[0].Rect.right - Host.Texts[0].Rect.left, 30); // clipped to the edge
+    EXPECT_EQ(element->DrawTextCenter(font, "", 100, 0), 0u);          // empty: nothing
+    EXPECT_EQ(element->DrawColoredText(font, "a\a#FF0000b", 100, 0), 14u);
+    TAVUFont::Delete(font);
+}
+
+TEST_F(Drawing, ExtremeSizesWrapInsteadOfOverflowing) {
+    element->AbsolutePosition = {0x7FFFFFF0, 0};
+    element->Width = 0x7FFFFFFF;
+    element->Height = 10;
+    _Point2i point{0x7FFFFFF8, 5};
+    EXPECT_TRUE(element->HitTest(point));
+    TAVUElement* child = MakeElement("Far", element);
+    child->X = 0x7FFFFFFF;
+    _Point2i start{0x7FFFFFF0, 0};
+    element->SetAbsolutePosition(start); // wraps, as the processor adds
+    EXPECT_EQ(child->AbsolutePosition.x, int(0x7FFFFFF0u + 0x7FFFFFFFu));
 }

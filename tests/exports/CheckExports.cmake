@@ -11,7 +11,7 @@ if(failed)
 endif()
 
 set(problems "")
-foreach(symbol F1 g_UIManager TavuDriveClock TavuAdvanceClock TavuReleaseClock
+foreach(symbol F1 g_UIManager TavuDriveClock TavuAdvanceClock TavuReleaseClock TavuOpenClipboard
         _ZN10CUIManager6RenderEv)
     if(NOT dump MATCHES "[ \t]${symbol}\n")
         string(APPEND problems "  missing export ${symbol}\n")

@@ -166,3 +166,13 @@ TEST_F(InterfaceFiles, TemplatesCountFromWhereTheyStandAndFailuresEachSaySo) {
     g_UIManager.Screen->DeleteChild(remembered);
     EXPECT_EQ(Host.Stored.size(), 1u);
 }
+
+TEST_F(InterfaceFiles, ASkinRedefinedDuringALoadIsNotRestoredDangling) {
+    TAVUSkin* first = g_UIManager.NewSkin("Theme");
+    g_UIManager.CurrentSkin = first;
+    g_UIManager.RestoreSkin(first);
+    EXPECT_EQ(g_UIManager.CurrentSkin, first);
+    g_UIManager.NewSkin("Theme"); // a nested load redefines it: the first is deleted
+    g_UIManager.RestoreSkin(first);
+    EXPECT_EQ(g_UIManager.CurrentSkin, nullptr);
+}
