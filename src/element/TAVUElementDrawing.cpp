@@ -76,16 +76,29 @@ bool TAVUElement::DrawBorder(tagRECT& rect, unsigned width, unsigned color) {
 bool TAVUElement::DrawLine(_Line& line, unsigned color, unsigned width) {
     TAVUDrawRecord record{};
     record.Flags = TAVUDrawRecord::HasAlpha | TAVUDrawRecord::HasColorMask;
-    record.Left = line.x1;
-    record.Top = line.y1;
-    record.Right = line.x2;
-    record.Bottom = line.y2;
+    SetLineEnds(record, line);
     record.Texture = TAVUDrawRecord::NoTexture;
     record.Orientation = 0;
     record.ColorMask = color;
     float alpha = float(ScaledAlpha(color, CurrentAlpha)) * 255.0f;
     record.Alpha = uint8_t(TruncateToInt(alpha));
     return g_pHost->DrawLine(&record, width);
+}
+
+// One record for a batch: only the end points change from line to line.
+void TAVUElement::DrawLineRecords(TAVUDrawRecord& record, _Line* lines, unsigned count,
+                                  unsigned width) {
+    for (unsigned i = 0; i < count; ++i) {
+        SetLineEnds(record, lines[i]);
+        g_pHost->DrawLine(&record, width);
+    }
+}
+
+void TAVUElement::SetLineEnds(TAVUDrawRecord& record, const _Line& line) {
+    record.Left = line.x1;
+    record.Top = line.y1;
+    record.Right = line.x2;
+    record.Bottom = line.y2;
 }
 
 bool TAVUElement::DrawLines(_Line* lines, unsigned count, unsigned color, unsigned width) {
@@ -95,13 +108,7 @@ bool TAVUElement::DrawLines(_Line* lines, unsigned count, unsigned color, unsign
     record.Flags = TAVUDrawRecord::HasColorMask;
     record.Texture = TAVUDrawRecord::NoTexture;
     record.ColorMask = AdjustColorAlpha(color);
-    for (unsigned i = 0; i < count; ++i) {
-        record.Left = lines[i].x1;
-        record.Top = lines[i].y1;
-        record.Right = lines[i].x2;
-        record.Bottom = lines[i].y2;
-        g_pHost->DrawLine(&record, width);
-    }
+    DrawLineRecords(record, lines, count, width);
     return true;
 }
 
@@ -124,10 +131,7 @@ bool TAVUElement::DrawLine(_Line& line, TAVUTexture* texture, unsigned width) {
     if (!texture || !texture->Prepare()) return false;
     TAVUDrawRecord record{};
     FillTextureRecord(record, texture);
-    record.Left = line.x1;
-    record.Top = line.y1;
-    record.Right = line.x2;
-    record.Bottom = line.y2;
+    SetLineEnds(record, line);
     return g_pHost->DrawLine(&record, width);
 }
 
@@ -137,13 +141,7 @@ bool TAVUElement::DrawLines(_Line* lines, unsigned count, TAVUTexture* texture, 
     if (!lines) return false;
     TAVUDrawRecord record{};
     FillTextureRecord(record, texture);
-    for (unsigned i = 0; i < count; ++i) {
-        record.Left = lines[i].x1;
-        record.Top = lines[i].y1;
-        record.Right = lines[i].x2;
-        record.Bottom = lines[i].y2;
-        g_pHost->DrawLine(&record, width);
-    }
+    DrawLineRecords(record, lines, count, width);
     return true;
 }
 
