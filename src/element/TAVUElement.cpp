@@ -150,9 +150,16 @@ void TAVUElement::RecalculateChildrenSize() {
 
 void TAVUElement::SizeRecalculated(bool) {}
 
+// Controls draw themselves and then call this, so that children lie on top.
 void TAVUElement::Render() {
+    ShowAutoTooltip();
     RenderChildren();
 }
+
+// The auto tooltip: the one "Auto Tooltip" element shows an element's
+// AutoTooltip text once the pointer has rested on it for TooltipDelay. It
+// needs the tooltip control, which fills this in; until then there is none.
+void TAVUElement::ShowAutoTooltip() {}
 
 // Bottom to top. A script may delete anything while it runs, so each child is
 // found again by its ID after "OnRender" and after drawing; a child that has

@@ -229,6 +229,7 @@ private:
     bool FillBorderStrips(const tagRECT& rect, unsigned width, unsigned color);
     void FillTextureRecord(TAVUDrawRecord& record, TAVUTexture* texture);
     int RightEdge() const;
+    void ShowAutoTooltip();
     static void SetLineEnds(TAVUDrawRecord& record, const _Line& line);
     static void DrawLineRecords(TAVUDrawRecord& record, _Line* lines, unsigned count,
                                 unsigned width);
