@@ -23,6 +23,8 @@ const char* HostOptions::Usage() {
            "  --script FILE   run FILE as a script\n"
            "  --frames N      frames to render at the end (default 1)\n"
            "  --trace FILE    write every call into the host to FILE (- for standard output)\n"
+           "  --module NAME   load a module of element types after the toolkit (a name such\n"
+           "                  as colorswatch, or a path; repeatable)\n"
            "  --help          show this text\n";
 }
 
@@ -67,8 +69,8 @@ bool HostOptions::Parse(int argc, char* argv[]) {
             Help = true;
             continue;
         }
-        static const char* const withValue[] = {"--size",   "--prefix", "--path", "-e",
-                                                "--script", "--frames", "--trace"};
+        static const char* const withValue[] = {"--size",   "--prefix", "--path",  "-e",
+                                                "--script", "--frames", "--trace", "--module"};
         bool known = false;
         for (const char* option : withValue)
             known = known || word == option;
@@ -89,6 +91,7 @@ bool HostOptions::Parse(int argc, char* argv[]) {
             Script = value;
         }
         if (word == "--trace") Trace = value;
+        if (word == "--module") ElementModules.push_back(value);
     }
     return true;
 }

@@ -1,7 +1,7 @@
 // The command line of tavuhost:
 //   tavuhost [OPTIONS] [FILE.xml ...]
 // with --size WxH, --prefix TAG, --path DIR, -e CMD, --script FILE,
-// --frames N and --trace FILE (or - for standard output).
+// --frames N, --trace FILE (or - for standard output) and --module FILE.
 #pragma once
 
 #include <cstdint>
@@ -23,6 +23,7 @@ public:
     std::string Script;
     unsigned Frames = 1;
     std::string Trace;
+    std::vector<std::string> ElementModules; // modules of element types, in order
     std::vector<std::string> Files;
     bool Help = false;
 

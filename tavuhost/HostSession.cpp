@@ -61,17 +61,32 @@ std::string HostSession::ModulePath() const {
     const char* fileName = "libtavukit.so";
 #endif
     if (const char* chosen = getenv("TAVUKIT_MODULE")) return chosen;
+    return BesideProgram(fileName);
+}
+
+// Next to the program first (Windows puts DLLs there), then the build's
+// library folder beside it.
+std::string HostSession::BesideProgram(const std::string& fileName) {
     char self[1024] = {0};
     GetModuleFileNameA(nullptr, self, sizeof(self));
     std::string folder = FolderOf(self);
-    // Next to the program first (Windows puts the DLL there), then the
-    // build's library folder beside it.
     std::string beside = folder + "/" + fileName;
     if (FILE* file = fopen(beside.c_str(), "rb")) {
         fclose(file);
         return beside;
     }
     return folder + "/../lib/" + fileName;
+}
+
+// A bare name such as "colorswatch" is the module of that name in the build
+// (libcolorswatch.so, colorswatch.dll); anything with a folder is a path.
+std::string HostSession::ElementModulePath(const std::string& name) {
+    if (name.find_first_of("/\\") != std::string::npos) return name;
+#if defined(_WIN32)
+    return BesideProgram(name + ".dll");
+#else
+    return BesideProgram("lib" + name + ".so");
+#endif
 }
 
 bool HostSession::LoadModule() {
@@ -92,6 +107,8 @@ bool HostSession::LoadModule() {
     }
     ManagerAccess::SetPrefix(Manager, Options.Prefix.c_str());
     ManagerAccess::Initialize(Manager);
+    for (const std::string& name : Options.ElementModules)
+        if (!Extras.Load(ElementModulePath(name))) return false;
     return true;
 }
 

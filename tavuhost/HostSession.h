@@ -8,6 +8,7 @@
 #include "HostObjects.h"
 #include "HostOptions.h"
 #include "ScriptEngine.h"
+#include "ElementModules.h"
 #include "TavukitModule.h"
 #include "TraceWriter.h"
 
@@ -30,6 +31,8 @@ public:
 
 private:
     bool LoadModule();
+    static std::string BesideProgram(const std::string& fileName);
+    static std::string ElementModulePath(const std::string& name);
     bool LoadFiles();
     void RunCommands();
     bool RunScript();
@@ -39,6 +42,7 @@ private:
     ScriptEngine Engine;
     TraceWriter Trace;
     TavukitModule Module;
+    ElementModules Extras; // after Module: unloaded before it
     HeadlessHost Host;
     HostObjects Objects;
     CUIManager* Manager = nullptr;
