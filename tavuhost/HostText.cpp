@@ -1,5 +1,7 @@
 #include "HostText.h"
 
+#include "EscapedText.h"
+
 #include <cctype>
 #include <cmath>
 #include <cstdio>
@@ -72,36 +74,7 @@ std::string Unquote(const std::string& text) {
 }
 
 std::string QuoteForTrace(const char* text) {
-    if (!text) return "null";
-    std::string out = "\"";
-    for (const unsigned char* c = reinterpret_cast<const unsigned char*>(text); *c; ++c) {
-        switch (*c) {
-        case '"':
-            out += "\\\"";
-            break;
-        case '\\':
-            out += "\\\\";
-            break;
-        case '\n':
-            out += "\\n";
-            break;
-        case '\r':
-            out += "\\r";
-            break;
-        case '\t':
-            out += "\\t";
-            break;
-        default:
-            if (*c < 0x20 || *c >= 0x7f) {
-                char hex[8];
-                snprintf(hex, sizeof(hex), "\\x%02x", *c);
-                out += hex;
-            } else {
-                out += char(*c);
-            }
-        }
-    }
-    return out + "\"";
+    return QuotedText(text);
 }
 
 void CopyText(char* buffer, size_t size, const std::string& text) {

@@ -1,27 +1,14 @@
 #include "FakeHost.h"
 
+#include "EscapedText.h"
+
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
 std::string Quoted(const char* text) {
-    if (!text) return "null";
-    std::string out = "\"";
-    for (const char* c = text; *c; ++c) {
-        unsigned char byte = static_cast<unsigned char>(*c);
-        if (byte == '"' || byte == '\\') {
-            out += '\\';
-            out += char(byte);
-        } else if (byte < 0x20 || byte >= 0x7F) {
-            char escaped[8];
-            snprintf(escaped, sizeof(escaped), "\\x%02x", byte);
-            out += escaped;
-        } else {
-            out += char(byte);
-        }
-    }
-    return out + "\"";
+    return QuotedText(text);
 }
 
 std::string Hex(unsigned value) {
