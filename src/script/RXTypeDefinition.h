@@ -21,17 +21,7 @@ class RXTypeDefinition;
 // The object operand of a type's operations: 16 bytes, of which the first 8
 // hold the object (a pointer, or an integer for value-like types).
 struct RXObjectData {
-    union {
-        void* Pointer;
-        const char* Text;
-        int32_t Int;
-        uint32_t UInt;
-        int64_t Int64;
-        uint64_t UInt64;
-        float Float;
-        double Double;
-        bool Bool;
-    } Value;
+    RXValueData Value;
     uint64_t Extra;
 };
 static_assert(sizeof(RXObjectData) == 16, "the object operand is 16 bytes");
