@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <set>
 
 namespace {
 const size_t kFullNameBuffer = 4096;
@@ -21,6 +22,10 @@ const size_t kFullNameBuffer = 4096;
 // walk holds is alive, and the walk can skip looking its ID up: the lookup
 // would find it and change nothing. Scripts that delete make the walk look.
 unsigned g_ElementsDestroyed = 0;
+
+// Elements whose Delete is under way, so that a script run by it cannot start
+// the same deletion again.
+std::set<unsigned> g_ElementsBeingDeleted;
 
 bool StillExists(unsigned id, unsigned destroyedBefore) {
     return g_ElementsDestroyed == destroyedBefore || g_UIManager.FindElementByID(id);
@@ -68,6 +73,7 @@ void TAVUElement::ComposeFullName() {
 
 TAVUElement::~TAVUElement() {
     ++g_ElementsDestroyed;
+    g_ElementsBeingDeleted.erase(ID);
     if (Parent) Parent->OnNotify(this, TAVU_NOTIFY_CHILD_REMOVED, reinterpret_cast<size_t>(Name));
     if (g_UIManager.FocusElementID == ID) g_UIManager.FocusElementID = 0;
     while (FirstChild) {
@@ -422,7 +428,11 @@ void TAVUElement::Delete() {
                                Type);
         return;
     }
+    // "OnUnload" may ask for this same deletion again, or delete the parent.
+    if (!g_ElementsBeingDeleted.insert(ID).second) return;
+    unsigned parentID = Parent ? Parent->ID : 0;
     if (OnUnload) OnUnload->Execute(0, nullptr);
+    if (parentID && !g_UIManager.FindElementByID(parentID)) Parent = nullptr;
     if (StorePosition) g_pHost->StoreElementPosition(this);
     factory->Deleter->Delete(this);
 }
@@ -569,14 +579,16 @@ void TAVUElement::StripColor(const char* text, char* out) {
     *out = 0;
 }
 
+// Safe for an element that is linked no longer: the parent's ends move only
+// when they are this element.
 void TAVUElement::Unlink() {
     if (Previous)
         Previous->Next = Next;
-    else if (Parent)
+    else if (Parent && Parent->FirstChild == this)
         Parent->FirstChild = Next;
     if (Next)
         Next->Previous = Previous;
-    else if (Parent)
+    else if (Parent && Parent->LastChild == this)
         Parent->LastChild = Previous;
     Previous = Next = nullptr;
 }

@@ -181,3 +181,25 @@ TEST_F(Events, DeletingASiblingWhileDrawingSkipsItAndGoesOn) {
     EXPECT_EQ(Host.AtomRuns[1].This, third);
     EXPECT_EQ(g_UIManager.Screen->FirstChild->Next, third);
 }
+
+TEST_F(Events, UnloadScriptsThatDeleteAgainOrDeleteTheParentAreSafe) {
+    TAVUElement* parent = MakeElement("Parent");
+    TAVUElement* first = MakeElement("First", parent);
+    TAVUElement* second = MakeElement("Second", parent);
+    TAVUElement* sibling = MakeElement("Sibling", parent);
+    first->OnUnload = Script(first, "destroy myself again", "");
+    second->OnUnload = Script(second, "destroy my parent", "");
+    Host.OnExecuteAtom = [&](const FakeHost::AtomRun& run) {
+        if (run.This == first) parent->DeleteChild(first);
+        if (run.This == second) g_UIManager.Screen->DeleteChild(parent);
+        return 0;
+    };
+    parent->DeleteChild(first);
+    EXPECT_EQ(parent->FirstChild, second); // the siblings kept their links
+    EXPECT_EQ(second->Next, sibling);
+    EXPECT_EQ(Host.AtomRuns.size(), 1u);
+    parent->DeleteChild(second); // its unload deletes the parent under it
+    EXPECT_EQ(g_UIManager.FindElement("Parent"), nullptr);
+    EXPECT_EQ(g_UIManager.FindElement("Sibling@Parent"), nullptr);
+    EXPECT_EQ(g_UIManager.FindElement("Second@Parent"), nullptr);
+}
