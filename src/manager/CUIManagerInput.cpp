@@ -138,6 +138,9 @@ bool CUIManager::PressButton(ButtonFields& button) {
         if (!element) return false;
     }
     if (button.IsLeft) {
+        // The press's own script may have deleted the element that took it:
+        // the focus then hears of a press on nothing it can reach.
+        element = FindElementByID(id);
         TAVUElement* focus = GetFocusElement();
         if (focus && focus != element) focus->OnLMouseDownOther(element);
     }
