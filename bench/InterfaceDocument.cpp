@@ -6,7 +6,9 @@ namespace {
 
 const char* const kControls[] = {"Button", "Text", "CheckBox", "Slider", "ListBox", "Frame"};
 
-void Indent(std::string& out, int depth) { out.append(size_t(depth) * 2, ' '); }
+void Indent(std::string& out, int depth) {
+    out.append(size_t(depth) * 2, ' ');
+}
 
 void AppendValue(std::string& out, int depth, const char* name, const std::string& value) {
     Indent(out, depth);
@@ -20,8 +22,8 @@ void InterfaceDocument::AppendControl(std::string& out, unsigned window, unsigne
     const char* type = kControls[(window + index) % 6];
     std::string name = std::to_string(window) + "_" + std::to_string(index);
     Indent(out, depth);
-    out += "<" + std::string(type) + " name=\"" + type + name +
-           "\" Template=\"Default" + type + "\">\n";
+    out += "<" + std::string(type) + " name=\"" + type + name + "\" Template=\"Default" + type +
+           "\">\n";
     AppendValue(out, depth + 1, "X", std::to_string(10 + index * 4));
     AppendValue(out, depth + 1, "Y", index % 3 ? "r" + std::to_string(index) : "50%");
     AppendValue(out, depth + 1, "Width", std::to_string(120 + index));
@@ -48,16 +50,19 @@ void InterfaceDocument::AppendWindow(std::string& out, unsigned index) {
     AppendValue(out, 2, "Height", "0.5");
     AppendValue(out, 2, "Title", "Window " + std::to_string(index));
     out += "    <Children>\n";
-    for (unsigned control = 0; control < 12; ++control) AppendControl(out, index, control, 3);
+    for (unsigned control = 0; control < 12; ++control)
+        AppendControl(out, index, control, 3);
     out += "      <Frame name=\"" + name + "Inner\">\n        <Children>\n";
-    for (unsigned control = 12; control < 16; ++control) AppendControl(out, index, control, 5);
+    for (unsigned control = 12; control < 16; ++control)
+        AppendControl(out, index, control, 5);
     out += "        </Children>\n      </Frame>\n";
     out += "    </Children>\n  </Window>\n";
 }
 
 std::string InterfaceDocument::Generate(size_t targetBytes) {
     std::string out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<UI>\n";
-    for (unsigned window = 0; out.size() < targetBytes; ++window) AppendWindow(out, window);
+    for (unsigned window = 0; out.size() < targetBytes; ++window)
+        AppendWindow(out, window);
     out += "</UI>\n";
     return out;
 }

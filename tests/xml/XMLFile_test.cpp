@@ -55,6 +55,8 @@ TEST(XMLFile, MissingFileIsReported) {
     auto parsed = ParsePath(missing);
     EXPECT_FALSE(parsed.Ok);
     EXPECT_EQ(parsed.Error, "Could not open file '" + missing + "'");
+    auto folder = ParsePath(kDataDir + "regress");
+    EXPECT_EQ(folder.Error, "Could not open file '" + kDataDir + "regress'");
     XMLParser wide;
     EXPECT_FALSE(wide.ParseFile(L"no-such-file.xml"));
     EXPECT_STREQ(wide.ErrorText, "Could not open file 'no-such-file.xml'");
