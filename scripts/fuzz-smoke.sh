@@ -16,8 +16,17 @@ for fuzzer in xml_buffer_fuzzer xml_file_fuzzer; do
     work="$build/corpus/$fuzzer"
     mkdir -p "$work"
     echo "== $fuzzer for ${seconds}s"
-    "$build/bin/$fuzzer" -max_total_time="$seconds" -max_len=20000 -timeout=10 \
+    # The fuzzer's running commentary goes to a log; the run shows its summary,
+    # and the end of the log when it finds something.
+    log="$build/$fuzzer.log"
+    if "$build/bin/$fuzzer" -max_total_time="$seconds" -max_len=20000 -timeout=10 \
         -rss_limit_mb=2560 -print_final_stats=1 -dict="$root/fuzz/xml.dict" \
         -artifact_prefix="$build/$fuzzer-" \
-        "$work" "$root/fuzz/corpus/xml" "$root/tests/data/xml/regress"
+        "$work" "$root/fuzz/corpus/xml" "$root/tests/data/xml/regress" >"$log" 2>&1; then
+        grep -E '^(Done|stat::number_of_executed_units|stat::new_units_added)' "$log" || true
+    else
+        tail -n 80 "$log"
+        echo "$fuzzer found a failing input: see $build/$fuzzer-*"
+        exit 1
+    fi
 done
