@@ -1,5 +1,7 @@
 #include "TreePrinter.h"
 
+#include "EscapedText.h"
+
 #include "XMLAttribute.h"
 #include "XMLNode.h"
 
@@ -25,36 +27,7 @@ const char* KindWord(uint32_t type) {
 } // namespace
 
 std::string TreePrinter::Escape(const char* text) {
-    static const char kHex[] = "0123456789abcdef";
-    std::string out;
-    for (const unsigned char* c = reinterpret_cast<const unsigned char*>(text); *c; ++c) {
-        switch (*c) {
-        case '\\':
-            out += "\\\\";
-            break;
-        case '"':
-            out += "\\\"";
-            break;
-        case '\n':
-            out += "\\n";
-            break;
-        case '\r':
-            out += "\\r";
-            break;
-        case '\t':
-            out += "\\t";
-            break;
-        default:
-            if (*c < 0x20 || *c >= 0x7F) {
-                out += "\\x";
-                out += kHex[*c >> 4];
-                out += kHex[*c & 0xF];
-            } else {
-                out += char(*c);
-            }
-        }
-    }
-    return out;
+    return EscapedText(text);
 }
 
 void TreePrinter::PrintAttributes(const XMLNode* node, std::string& out) {
