@@ -15,3 +15,7 @@ inline int TruncateToInt(float value) {
 inline int WrapAdd(int a, int b) {
     return int(unsigned(a) + unsigned(b));
 }
+
+inline int WrapSubtract(int a, int b) {
+    return int(unsigned(a) - unsigned(b));
+}

@@ -6,6 +6,7 @@
 #include "StringHelpers.h"
 #include "TAVUElementDeleter.h"
 #include "TAVUElementFactory.h"
+#include "TAVUElementWatch.h"
 #include "TAVUEmbeddedScript.h"
 #include "TAVUScriptTypes.h"
 
@@ -18,17 +19,15 @@
 namespace {
 const size_t kFullNameBuffer = 4096;
 
-// Counts element destructions. While it stands still, every element the frame
-// walk holds is alive, and the walk can skip looking its ID up: the lookup
-// would find it and change nothing. Scripts that delete make the walk look.
-unsigned g_ElementsDestroyed = 0;
-
 // Elements whose Delete is under way, so that a script run by it cannot start
 // the same deletion again.
 std::set<unsigned> g_ElementsBeingDeleted;
 
+// While no element has been destroyed, every element the frame walk holds is
+// alive, and the walk can skip looking its ID up: the look-up would find it
+// and change nothing. Scripts that delete make the walk look.
 bool StillExists(unsigned id, unsigned destroyedBefore) {
-    return g_ElementsDestroyed == destroyedBefore || g_UIManager.FindElementByID(id);
+    return TAVUElementWatch::Destroyed == destroyedBefore || g_UIManager.FindElementByID(id);
 }
 const char kColorCode = 7;
 
@@ -72,7 +71,7 @@ void TAVUElement::ComposeFullName() {
 }
 
 TAVUElement::~TAVUElement() {
-    ++g_ElementsDestroyed;
+    ++TAVUElementWatch::Destroyed;
     g_ElementsBeingDeleted.erase(ID);
     if (Parent) Parent->OnNotify(this, TAVU_NOTIFY_CHILD_REMOVED, reinterpret_cast<size_t>(Name));
     if (g_UIManager.FocusElementID == ID) g_UIManager.FocusElementID = 0;
@@ -180,7 +179,7 @@ void TAVUElement::RenderChildren() {
             continue;
         }
         unsigned id = child->ID;
-        unsigned destroyed = g_ElementsDestroyed;
+        unsigned destroyed = TAVUElementWatch::Destroyed;
         child->AbsolutePosition = position;
         if (child->OnRender) child->OnRender->Execute(0, nullptr);
         if (!StillExists(id, destroyed)) return;

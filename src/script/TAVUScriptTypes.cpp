@@ -1,7 +1,10 @@
 #include "TAVUScriptTypes.h"
 
+#include "TAVUButtonType.h"
+#include "TAVUCheckBoxType.h"
 #include "TAVUElementType.h"
 #include "TAVUFontType.h"
+#include "TAVUFrameType.h"
 #include "TAVUTextureType.h"
 #include "TavukitType.h"
 
@@ -37,11 +40,11 @@ RXTypeDefinition* pTAVUWindowType = nullptr;
 const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavukit", &pTAVUKitType, TavukitType::Make, nullptr},
     {"tavuelement", &pTAVUElementType, TAVUElementType::Make, nullptr},
-    {"tavuframe", &pTAVUFrameType, nullptr, &pTAVUElementType},
+    {"tavuframe", &pTAVUFrameType, TAVUFrameType::Make, &pTAVUElementType},
     {"tavulistboxitem", &pTAVUListBoxItemType, nullptr, nullptr},
     {"tavulistbox", &pTAVUListBoxType, nullptr, &pTAVUElementType},
-    {"tavubutton", &pTAVUButtonType, nullptr, &pTAVUElementType},
-    {"tavucheckbox", &pTAVUCheckBoxType, nullptr, &pTAVUElementType},
+    {"tavubutton", &pTAVUButtonType, TAVUButtonType::Make, &pTAVUElementType},
+    {"tavucheckbox", &pTAVUCheckBoxType, TAVUCheckBoxType::Make, &pTAVUElementType},
     {"tavucombobox", &pTAVUComboBoxType, nullptr, &pTAVUListBoxType},
     {"tavuconsole", &pTAVUConsoleType, nullptr, &pTAVUFrameType},
     {"tavufont", &pTAVUFontType, TAVUFontType::Make, nullptr},

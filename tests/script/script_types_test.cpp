@@ -27,9 +27,9 @@ TEST_F(ScriptTypes, InitializeRegistersTheBuiltTypesInOrderWithTheirBases) {
     std::vector<std::string> added;
     for (RXTypeDefinition* type : Host.Types)
         added.push_back(type->TypeName);
-    EXPECT_EQ(added,
-              (std::vector<std::string>{"tavukit", "tavuelement", "tavufont", "tavutexture"}));
-    EXPECT_EQ(Host.Count("SetPersistentClass"), 4u);
+    EXPECT_EQ(added, (std::vector<std::string>{"tavukit", "tavuelement", "tavuframe", "tavubutton",
+                                               "tavucheckbox", "tavufont", "tavutexture"}));
+    EXPECT_EQ(Host.Count("SetPersistentClass"), 7u);
     EXPECT_EQ(Host.RegisteredObjects.size(), 3u);
     EXPECT_EQ(Host.RegisteredCommands.count("UI"), 1u);
     g_UIManager.Shutdown();

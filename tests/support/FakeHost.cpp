@@ -119,6 +119,7 @@ bool FakeHost::RemoveCommand(const char* name) {
 int FakeHost::ExecuteCommand(const char* text) {
     Record("ExecuteCommand", {Quoted(text)});
     Commands.push_back(text ? text : "");
+    if (OnExecuteCommand) OnExecuteCommand(text ? text : "");
     return 0;
 }
 

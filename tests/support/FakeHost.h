@@ -74,6 +74,7 @@ public:
     std::map<std::string, double> Calculations; // Calculate; others parse as numbers
     std::function<std::string(const std::string&)> DataSequences; // ParseDataSequences
     std::function<int(const AtomRun&)> OnExecuteAtom;             // runs inside ExecuteAtom
+    std::function<void(const std::string&)> OnExecuteCommand;     // runs inside ExecuteCommand
     std::string AtomResult;                                       // ExecuteAtomForResult's text
     bool ClipboardAvailable = true;
     std::string CurrentConsole = "Default";

@@ -1,0 +1,73 @@
+#include "TAVUControlHelpers.h"
+
+#include "CUIManager.h"
+#include "Module.h"
+#include "NumberHelpers.h"
+#include "TAVUConsoleSelector.h"
+#include "TAVUElement.h"
+#include "TAVUTexture.h"
+#include "XMLHelper.h"
+
+#include <string>
+
+XMLNode* TAVUControlHelpers::ResolveTemplate(XMLNode* node, XMLNode* templateNode,
+                                             const char* typeWord) {
+    if (templateNode) return templateNode;
+    templateNode = g_UIManager.FindTemplate(XMLHelper::GetStringAttribute(node, "Template", ""));
+    return templateNode ? templateNode : g_UIManager.FindTemplate(typeWord);
+}
+
+unsigned TAVUControlHelpers::ReadHex(XMLNode* node, XMLNode* templateNode, const char* key,
+                                     unsigned defaultValue) {
+    return XMLHelper::GetHexValue(node, key,
+                                  XMLHelper::GetHexValue(templateNode, key, defaultValue));
+}
+
+unsigned TAVUControlHelpers::ReadInt(XMLNode* node, XMLNode* templateNode, const char* key,
+                                     unsigned defaultValue) {
+    return XMLHelper::GetIntValue(node, key,
+                                  XMLHelper::GetIntValue(templateNode, key, defaultValue));
+}
+
+const char* TAVUControlHelpers::ReadString(XMLNode* node, XMLNode* templateNode, const char* key) {
+    return XMLHelper::GetStringValue(node, key, XMLHelper::GetStringValue(templateNode, key, ""));
+}
+
+void TAVUControlHelpers::ApplyColorMask(XMLNode* node, XMLNode* templateNode,
+                                        TAVUTexture* const* textures, size_t count) {
+    unsigned mask = XMLHelper::GetHexAttribute(
+        node, "ColorMask", XMLHelper::GetHexAttribute(templateNode, "ColorMask", 0));
+    if (mask == 0) return;
+    for (size_t i = 0; i < count; ++i) {
+        if (!textures[i]) continue;
+        textures[i]->ColorMask = mask;
+        textures[i]->Flags |= TAVUTexture::HasColorMask;
+    }
+}
+
+tagRECT TAVUControlHelpers::ScreenRect(const TAVUElement* element) {
+    int x = element->AbsolutePosition.x;
+    int y = element->AbsolutePosition.y;
+    return tagRECT{x, y, WrapAdd(x, element->Width), WrapAdd(y, element->Height)};
+}
+
+void TAVUControlHelpers::DrawTexture(TAVUElement* element, tagRECT& rect, TAVUTexture* texture,
+                                     unsigned border, unsigned borderColor) {
+    if (texture->Border != 0) {
+        element->TexturedRectBordered(rect, texture, border);
+        return;
+    }
+    element->TexturedRect(rect, texture);
+    if (border != 0) element->DrawBorder(rect, border, borderColor);
+}
+
+void TAVUControlHelpers::RunCommand(const char* command, const char* console) {
+    if (!command || !command[0]) return;
+    std::string line = command;
+    if (!console || !console[0]) {
+        g_pHost->ExecuteCommand(line.c_str());
+        return;
+    }
+    TAVUConsoleSelector selector(std::string(console).c_str());
+    g_pHost->ExecuteCommand(line.c_str());
+}

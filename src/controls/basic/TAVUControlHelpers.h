@@ -1,0 +1,52 @@
+// What the controls share in reading their keys and drawing their boxes.
+//
+// Every control reads a key twice: from its template with the key's default,
+// then from its node with the template's answer as the default. So the node
+// wins, and a key the node lacks falls back to the template.
+#pragma once
+
+#include "Platform.h"
+#include "TavuExport.h"
+
+#include <cstddef>
+
+class TAVUElement;
+class TAVUTexture;
+class XMLNode;
+
+class TAVU_API TAVUControlHelpers {
+public:
+    // The size of the buffer a caption or data text is retrieved into.
+    enum : unsigned { TextBufferSize = 2048 };
+
+    // The template a control reads with: the one given, else the template that
+    // the node's "Template" names, else the template named after the control's
+    // own type word.
+    static XMLNode* ResolveTemplate(XMLNode* node, XMLNode* templateNode, const char* typeWord);
+
+    static unsigned ReadHex(XMLNode* node, XMLNode* templateNode, const char* key,
+                            unsigned defaultValue);
+    static unsigned ReadInt(XMLNode* node, XMLNode* templateNode, const char* key,
+                            unsigned defaultValue);
+    // The text stays owned by the document it was read from.
+    static const char* ReadString(XMLNode* node, XMLNode* templateNode, const char* key);
+
+    // A non-zero "ColorMask" attribute (of the node, else of the template) is
+    // written into each texture there is, with the flag that makes it apply.
+    static void ApplyColorMask(XMLNode* node, XMLNode* templateNode, TAVUTexture* const* textures,
+                               size_t count);
+
+    // Runs a line of script through the host. With a console name, its output
+    // goes to that console for this one command. The texts are copied first:
+    // the command may delete the control that owns them.
+    static void RunCommand(const char* command, const char* console);
+
+    // The element's rectangle on the screen.
+    static tagRECT ScreenRect(const TAVUElement* element);
+
+    // A texture over the rectangle: stretched with a border line of the
+    // control's own when the texture has no frame, else in nine cells that
+    // keep the texture's frame at width border.
+    static void DrawTexture(TAVUElement* element, tagRECT& rect, TAVUTexture* texture,
+                            unsigned border, unsigned borderColor);
+};

@@ -1,0 +1,14 @@
+// "tavucheckbox": the script type of TAVUCheckBox and the classes built on it.
+#pragma once
+
+#include "TAVUControlType.h"
+
+class TAVU_API TAVUCheckBoxType : public TAVUControlType {
+public:
+    TAVUCheckBoxType();
+    bool GetMember(RXObjectData& object, _RXTypeMember* member, int argc, char* argv[],
+                   _RXTypeVar& result) override;
+    bool GetMethod(RXObjectData& object, _RXTypeMember* method, int argc, char* argv[]) override;
+
+    static RXTypeDefinition* Make();
+};

@@ -1,0 +1,74 @@
+// Controls loaded from XML text under a parent that records what its
+// children tell it, with helpers to click them and to read what they drew.
+#pragma once
+
+#include "CUIManager.h"
+#include "TAVUFactory.h"
+#include "TAVUScreen.h"
+#include "ToolkitTest.h"
+#include "XMLNode.h"
+#include "XMLParser.h"
+
+#include <cstring>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+// A parent that keeps every notification (code and value) that reaches it and
+// can act on one, as composite controls do.
+class NotifiedParent : public TAVUElement {
+public:
+    using TAVUElement::TAVUElement;
+    void OnNotify(TAVUElement* source, unsigned code, size_t value) override {
+        Notes.push_back({code, value});
+        if (OnNote) OnNote(source, code);
+    }
+    std::vector<std::pair<unsigned, size_t>> Notes;
+    std::function<void(TAVUElement*, unsigned)> OnNote;
+};
+
+inline TAVUFactory<NotifiedParent> g_NotifiedParentFactory("notifiedparent");
+
+class ControlTest : public ToolkitTest {
+protected:
+    void SetUp() override {
+        ToolkitTest::SetUp();
+        Parent = static_cast<NotifiedParent*>(
+            g_UIManager.LoadElement(g_UIManager.Screen, "notifiedparent", "Parent"));
+        Parent->Width = 400;
+        Parent->Height = 300;
+    }
+
+    // Loads one element of the type from XML text under the recording parent.
+    template <class T = TAVUElement>
+    T* Load(const char* type, const char* name, const char* xml,
+            const char* templateName = nullptr) {
+        Documents.push_back(std::make_unique<XMLParser>());
+        XMLParser& document = *Documents.back();
+        EXPECT_TRUE(document.ParseBuffer(xml, strlen(xml))) << xml;
+        XMLNode* node = document.Root ? document.Root->FirstChild : nullptr;
+        while (node && node->Type != XMLNode::Element)
+            node = node->Next;
+        return static_cast<T*>(g_UIManager.LoadElement(Parent, type, name, node, templateName));
+    }
+
+    // Draws the screen once, from a clean record.
+    void RenderFrame() {
+        Host.ClearRecords();
+        g_UIManager.Render();
+    }
+
+    // The file names of the textures drawn since the last ClearRecords.
+    std::vector<std::string> DrawnTextures() {
+        std::vector<std::string> files;
+        for (const TAVUDrawRecord& record : Host.DrawRecords)
+            files.push_back(Host.LiveTextures[record.Texture]);
+        return files;
+    }
+
+    _Point2i Point{0, 0};
+    NotifiedParent* Parent = nullptr;
+    std::vector<std::unique_ptr<XMLParser>> Documents;
+};
