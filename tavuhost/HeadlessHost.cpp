@@ -603,9 +603,14 @@ RXTypeDefinition* HeadlessHost::FindType(const char* name, int reserved1, int re
     return Engine.FindType(name);
 }
 
+// The contents fill the whole buffer, zero bytes and all: the toolkit hands
+// wide text (a texture's file name) this way, which a text copy would cut at
+// its first zero byte.
 char* HeadlessHost::GetTempBuffer(unsigned size, const char* contents) {
-    Trace.Write("GetTempBuffer", {TraceWriter::Int(size), TraceWriter::Text(contents)});
-    return Engine.TempBuffer(size, contents);
+    Trace.Write("GetTempBuffer", {TraceWriter::Int(size)});
+    char* buffer = Engine.TempBuffer(size, nullptr);
+    if (contents) memcpy(buffer, contents, size);
+    return buffer;
 }
 
 unsigned HeadlessHost::CompileQuery(const char* query) {
