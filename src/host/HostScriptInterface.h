@@ -10,8 +10,9 @@ public:
     virtual bool DataParse(const char* text, _RXTypeVar& result) = 0;
     // Finds a type by name (the two further arguments are 0).
     virtual RXTypeDefinition* FindType(const char* name, int reserved1, int reserved2) = 0;
-    // A short-lived host buffer of size bytes filled with contents, valid until
-    // control returns to the script engine.
+    // A short-lived host buffer of size bytes, valid until control returns to
+    // the script engine, filled with the size bytes at contents (which may be
+    // wide text, zero bytes and all).
     virtual char* GetTempBuffer(unsigned size, const char* contents) = 0;
     // A persistent class, as HostServices::RegisterPersistentClass.
     virtual unsigned RegisterPersistentClass(const char* name) = 0;
