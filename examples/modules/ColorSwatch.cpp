@@ -7,6 +7,7 @@
 // module loads, and from then on interface files can use <colorswatch>.
 #include "CUIManager.h"
 #include "StringHelpers.h"
+#include "TAVUElementWatch.h"
 #include "TAVUFactory.h"
 #include "XMLHelper.h"
 
@@ -44,9 +45,9 @@ public:
         return true;
     }
     bool OnLMouseUp(_Point2i& point) override {
-        unsigned id = ID;
+        TAVUElementWatch watch(this);
         TAVUElement::OnLMouseUp(point); // the script may delete this element
-        if (g_UIManager.FindElementByID(id)) OnNotify(this, TAVU_NOTIFY_LEFT_UP, 0);
+        if (watch.Alive()) OnNotify(this, TAVU_NOTIFY_LEFT_UP, 0);
         return true;
     }
 
