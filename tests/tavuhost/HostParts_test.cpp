@@ -63,9 +63,10 @@ TEST(HostOptions, DefaultsAndEveryOption) {
     EXPECT_EQ(1u, options.Frames);
 
     HostOptions all;
-    ASSERT_TRUE(ParseOptions(all, {"--size", "1024x768", "a.xml", "--prefix", "MYUI", "--path",
-                                   "skins", "-e", "echo 1", "--script", "s.tss", "-e", "echo 2",
-                                   "--frames", "0", "--trace", "-", "--", "-odd.xml"}));
+    ASSERT_TRUE(ParseOptions(all, {"--size",  "1024x768", "a.xml",  "--prefix", "MYUI",  "--path",
+                                   "skins",   "-e",       "echo 1", "--script", "s.tss", "-e",
+                                   "echo 2",  "--frames", "0",      "--trace",  "-",     "--png",
+                                   "out.png", "--window", "--",     "-odd.xml"}));
     EXPECT_EQ(1024u, all.Width);
     EXPECT_EQ(768u, all.Height);
     EXPECT_EQ("MYUI", all.Prefix);
@@ -75,6 +76,15 @@ TEST(HostOptions, DefaultsAndEveryOption) {
     EXPECT_EQ(0u, all.Frames);
     EXPECT_EQ("-", all.Trace);
     EXPECT_EQ((std::vector<std::string>{"a.xml", "-odd.xml"}), all.Files);
+    EXPECT_EQ("out.png", all.Png);
+    EXPECT_TRUE(all.Window);
+    EXPECT_TRUE(all.Renders());
+    EXPECT_FALSE(options.Renders()) << "a plain run paints nothing";
+
+    HostOptions render;
+    ASSERT_TRUE(ParseOptions(render, {"--render"}));
+    EXPECT_TRUE(render.Renders());
+    EXPECT_FALSE(render.Window);
 }
 
 TEST(HostOptions, BadUsageSaysWhatIsWrong) {
@@ -92,6 +102,8 @@ TEST(HostOptions, BadUsageSaysWhatIsWrong) {
         {{"--frames", "1000001"}, "--frames wants a number from 0 to 1000000"},
         {{"--prefix", ""}, "--prefix wants a tag of 1 to 63 characters"},
         {{"--script", "a", "--script", "b"}, "only one --script may be given"},
+        {{"--png", ""}, "--png wants a file name"},
+        {{"--png"}, "--png needs a value"},
     };
     for (const Case& c : cases) {
         HostOptions options;
@@ -350,7 +362,8 @@ TEST_F(HeadlessHostTest, HostCommandsCheckTheirArguments) {
             mouse, mouse, mouse, mouse, mouse, "key: unknown key 'Nope'",
             "Syntax: key press|release|tap NAME", "Syntax: exit [CODE] (0 to 255)",
             "Syntax: exit [CODE] (0 to 255)", "type: no key types '\x01'",
-            "screenshot: this host has no renderer yet, so 'shot.png' was not written"}),
+            "screenshot: 'shot.png' was not written: there is no picture without a renderer "
+            "(run tavuhost with --render or --png FILE)"}),
         Console);
     EXPECT_FALSE(Engine.ExitRequested());
     Engine.ExecuteCommand("echo  spaced   out ");
