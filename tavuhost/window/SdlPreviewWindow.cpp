@@ -6,6 +6,9 @@
 
 #include <SDL.h>
 
+#include <cstdlib>
+#include <cstring>
+
 struct PreviewWindow::Parts {
     SDL_Window* Window = nullptr;
     SDL_Renderer* Renderer = nullptr;
@@ -17,7 +20,7 @@ struct PreviewWindow::Parts {
         if (Texture) SDL_DestroyTexture(Texture);
         if (Renderer) SDL_DestroyRenderer(Renderer);
         if (Window) SDL_DestroyWindow(Window);
-        SDL_Quit();
+        SDL_QuitSubSystem(SDL_INIT_VIDEO);
     }
 };
 
@@ -32,17 +35,46 @@ void HandleWindowEvent(const SDL_WindowEvent& event, HostInput& input) {
     if (event.event == SDL_WINDOWEVENT_SIZE_CHANGED) input.Resized(event.data1, event.data2);
 }
 
+// Whether the environment names a display, or the user chose SDL's driver.
+// Without either, SDL would fall back to drawing off screen, which nobody sees.
+bool DisplayNamed() {
+#if defined(_WIN32) || defined(__APPLE__)
+    return true;
+#else
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "SDL_VIDEODRIVER"})
+        if (const char* value = getenv(name); value && *value) return true;
+    return false;
+#endif
+}
+
+// SDL's drivers without a screen count as no display unless asked for by name.
+bool DrawsNowhere() {
+    const char* chosen = getenv("SDL_VIDEODRIVER");
+    const char* driver = SDL_GetCurrentVideoDriver();
+    if ((chosen && *chosen) || !driver) return !driver;
+    return strcmp(driver, "offscreen") == 0 || strcmp(driver, "dummy") == 0;
+}
+
 } // namespace
 
 PreviewWindow::PreviewWindow() = default;
 PreviewWindow::~PreviewWindow() = default;
 
 bool PreviewWindow::Open(const std::string& title, int width, int height, std::string& error) {
-    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
-        error = std::string("--window needs a display, and there is none (") + SDL_GetError() + ")";
+    const std::string noDisplay = "--window needs a display, and there is none";
+    if (!DisplayNamed()) {
+        error = noDisplay + " (DISPLAY and WAYLAND_DISPLAY are not set)";
+        return false;
+    }
+    if (SDL_Init(SDL_INIT_VIDEO) != 0 || DrawsNowhere()) {
+        error = noDisplay + " (" + (*SDL_GetError() ? SDL_GetError() : "no video driver") + ")";
         SDL_Quit();
         return false;
     }
+    // The frame is already painted: the window only copies it, which needs no
+    // graphics driver to be loaded.
+    SDL_SetHint(SDL_HINT_RENDER_DRIVER, "software");
+    SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     Window = std::make_unique<Parts>();
     Window->Window = SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_UNDEFINED,
                                       SDL_WINDOWPOS_UNDEFINED, width, height, SDL_WINDOW_RESIZABLE);
@@ -113,3 +145,11 @@ uint32_t PreviewWindow::Now() const {
 void PreviewWindow::Sleep(uint32_t milliseconds) const {
     SDL_Delay(milliseconds);
 }
+
+#if defined(__SANITIZE_ADDRESS__)
+// SDL opens a D-Bus connection that lives as long as the process and is never
+// freed: a leak of the system library, not of this program.
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:libdbus-1.so\n";
+}
+#endif

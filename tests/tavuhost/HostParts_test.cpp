@@ -3,6 +3,7 @@
 #include "ImageSize.h"
 #include "KeyNames.h"
 #include "ScriptEngine.h"
+#include "SoftwareRenderer.h"
 #include "TraceWriter.h"
 
 #include <gtest/gtest.h>
@@ -368,4 +369,57 @@ TEST_F(HeadlessHostTest, HostCommandsCheckTheirArguments) {
     EXPECT_FALSE(Engine.ExitRequested());
     Engine.ExecuteCommand("echo  spaced   out ");
     EXPECT_EQ("spaced out", Console.back());
+}
+
+TEST_F(HeadlessHostTest, WithARendererDrawCallsPaintAndScreenshotsAreWritten) {
+    SoftwareRenderer renderer(FontLibrary::Create());
+    Host.SetDisplaySize(16, 8);
+    Host.AttachRenderer(&renderer);
+    EXPECT_EQ(16, renderer.Frame().Width()) << "the renderer takes the display's size";
+    tagRECT rect{0, 0, 4, 4};
+    Host.FillRect(&rect, 0xFF112233);
+    EXPECT_EQ(0xFF112233u, renderer.Frame().At(3, 3));
+
+    unsigned fill = Host.AcquireTexture("", 0);
+    EXPECT_NE(0u, fill) << "an empty name is a fill";
+    _Point2i size{0, 0};
+    EXPECT_FALSE(Host.GetTextureSize(fill, size));
+    EXPECT_EQ(0u, Host.AcquireTexture("flow.tss", 0)) << "a file that does not decode";
+    unsigned png = Host.AcquireTexture("textures/red3x2.png", 0);
+    TAVUDrawRecord records[2] = {};
+    records[0].Texture = fill, records[0].Right = 2, records[0].Bottom = 2;
+    records[0].ColorMask = 0xFF0000FF;
+    records[1].Texture = png, records[1].Left = 8, records[1].Right = 16, records[1].Bottom = 8;
+    Host.TexturedRects(2, records);
+    EXPECT_EQ(0xFF0000FFu, renderer.Frame().At(1, 1));
+    EXPECT_EQ(0xFFFF0000u, renderer.Frame().At(12, 4));
+
+    unsigned font = Host.AcquireFont("", 12, false, false);
+    size_t measured = 0;
+    Host.MeasureText(font, "Width", &measured);
+    tagRECT line{0, 0, 16, 8};
+    EXPECT_EQ(measured, Host.DrawText(font, "Width", &line, 0xFFFFFFFF, 0x20));
+    float abc[3] = {0, 0, 0};
+    ASSERT_TRUE(Host.GetCharWidths(font, 'W', 'W', abc));
+    size_t w = 0;
+    Host.MeasureText(font, "W", &w);
+    EXPECT_EQ(float(w), abc[0] + abc[1] + abc[2]) << "one measure everywhere";
+
+    std::string shot = testing::TempDir() + "tavuhost_shot.png";
+    Console.clear();
+    Engine.ExecuteCommand(("screenshot " + shot).c_str());
+    EXPECT_TRUE(Console.empty());
+    Image written;
+    std::string error;
+    ASSERT_TRUE(ImageFile::Load(shot, 0, written, error)) << error;
+    EXPECT_EQ(16, written.Width);
+    EXPECT_EQ(0xFF112233u, written.At(3, 3));
+    remove(shot.c_str());
+    Engine.ExecuteCommand("screenshot no/such/folder/x.png");
+    EXPECT_EQ("screenshot: 'no/such/folder/x.png' was not written: cannot write "
+              "'no/such/folder/x.png'",
+              Console.back());
+    Engine.ExecuteCommand("screenshot");
+    EXPECT_EQ("Syntax: screenshot FILE.png", Console.back());
+    Host.AttachRenderer(nullptr);
 }
