@@ -247,7 +247,12 @@ void HeadlessHost::WheelTurned(int offset) {
     Module.OnMouseWheel(offset);
 }
 
+// A window tells left from right modifiers; the keyboard state that the
+// toolkit asks for a character also wants the modifier as such.
 void HeadlessHost::KeyChanged(unsigned code, bool down) {
+    const unsigned shiftLeft = 0xA0, altRight = 0xA5, shift = 0x10;
+    if (code >= shiftLeft && code <= altRight)
+        Module.SetKeyState(int(shift + (code - shiftLeft) / 2), down ? short(0x8000) : 0);
     down ? PressKey(code) : ReleaseKey(code);
 }
 

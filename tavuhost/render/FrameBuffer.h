@@ -44,6 +44,8 @@ public:
         uint32_t& pixel = Data[size_t(y) * size_t(FrameWidth) + size_t(x)];
         pixel = Pixel::Over(pixel, color);
     }
+    // The pixels of one row, which must be inside the frame.
+    uint32_t* Row(int y) { return Data.data() + size_t(y) * size_t(FrameWidth); }
     // The same for a span of one row, x0 to x1 (x1 excluded), already inside the frame.
     void BlendSpan(int y, int x0, int x1, uint32_t color);
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <vector>
 
 namespace {
 
@@ -81,15 +82,21 @@ struct SoftwareRenderer::Sampler {
         return int(std::min(std::max(at, double(INT32_MIN)), double(INT32_MAX)));
     }
 
+    bool Inside(float s, float t) const { return !Triangle || std::fabs(s - 0.5f) <= t * 0.5f; }
+    int SourceX(float s) const {
+        return Picture ? Clamp(Offset(Left, s * Width), 0, Picture->Width - 1) : 0;
+    }
+    int SourceY(float t) const {
+        return Picture ? Clamp(Offset(Top, t * Height), 0, Picture->Height - 1) : 0;
+    }
+    uint32_t Texel(int x, int y) const {
+        if (!Picture) return Tint;
+        uint32_t texel = Picture->At(x, y);
+        return Tint == 0xFFFFFFFFu ? texel : Pixel::Modulate(texel, Tint);
+    }
     bool Sample(float s, float t, uint32_t& color) const {
-        if (Triangle && std::fabs(s - 0.5f) > t * 0.5f) return false;
-        if (!Picture) {
-            color = Tint;
-            return true;
-        }
-        int x = Clamp(Offset(Left, s * Width), 0, Picture->Width - 1);
-        int y = Clamp(Offset(Top, t * Height), 0, Picture->Height - 1);
-        color = Pixel::Modulate(Picture->At(x, y), Tint);
+        if (!Inside(s, t)) return false;
+        color = Texel(SourceX(s), SourceY(t));
         return true;
     }
 };
@@ -148,28 +155,28 @@ bool SoftwareRenderer::DrawText(unsigned font, const char* text, const tagRECT& 
                                 uint32_t color, unsigned format, size_t& width) {
     if (!MeasureText(font, text, width)) return false;
     FontFace& face = *FontFaces[font];
-    LONG room = rect.right - rect.left, textWidth = LONG(width);
-    LONG penX = rect.left;
+    // In 64 bits: a rectangle may span the whole of 32.
+    int64_t textWidth = int64_t(width), penX = rect.left;
     if (format & TAVU_DT_RIGHT)
-        penX = rect.right - textWidth;
+        penX = int64_t(rect.right) - textWidth;
     else if (format & TAVU_DT_CENTER)
-        penX = rect.left + (room - textWidth) / 2;
+        penX = rect.left + (Span(rect.left, rect.right) - textWidth) / 2;
     tagRECT clip = ClipToFrame(rect, Picture);
     if (format & TAVU_DT_NOCLIP) clip = tagRECT{0, 0, Picture.Width(), Picture.Height()};
     if (IsEmpty(clip) || Pixel::AlphaOf(color) == 0) return true;
-    int baseline = int(rect.top) + face.Ascent();
-    for (const char* p = text ? text : ""; *p; ++p) {
+    int64_t baseline = int64_t(rect.top) + face.Ascent();
+    for (const char* p = text ? text : ""; *p && penX < clip.right; ++p) {
         const Glyph& glyph = face.GlyphOf(static_cast<unsigned char>(*p));
-        DrawGlyph(glyph, int(penX), baseline, color, clip);
+        DrawGlyph(glyph, penX, baseline, color, clip);
         penX += glyph.Advance;
     }
     return true;
 }
 
-void SoftwareRenderer::DrawGlyph(const Glyph& glyph, int penX, int baseline, uint32_t color,
+void SoftwareRenderer::DrawGlyph(const Glyph& glyph, int64_t penX, int64_t baseline, uint32_t color,
                                  const tagRECT& clip) {
-    int left = penX + glyph.Left, top = baseline - glyph.Top;
-    tagRECT area = Intersect(tagRECT{left, top, left + glyph.Width, top + glyph.Height}, clip);
+    int64_t left = penX + glyph.Left, top = baseline - glyph.Top;
+    tagRECT area = Intersect(Grown(left, top, left + glyph.Width, top + glyph.Height, 0), clip);
     uint32_t alpha = Pixel::AlphaOf(color);
     for (LONG y = area.top; y < area.bottom; ++y) {
         const uint8_t* row = glyph.Coverage.data() + size_t(y - top) * size_t(glyph.Width);
@@ -218,14 +225,33 @@ void SoftwareRenderer::TexturedRect(const TAVUDrawRecord& record) {
     tagRECT rect{record.Left, record.Top, record.Right, record.Bottom};
     tagRECT area = ClipToFrame(rect, Picture);
     if (IsEmpty(area) || Pixel::AlphaOf(sampler.Tint) == 0) return;
+    // Under any turn, a destination column decides one source axis and a row
+    // the other, so the source of every pixel comes from two small tables.
+    bool sideways = record.Orientation & 1;
+    std::vector<float> columnAt(size_t(area.right - area.left)),
+        rowAt(size_t(area.bottom - area.top));
+    std::vector<int> columnSource(columnAt.size()), rowSource(rowAt.size());
     float width = float(Span(rect.left, rect.right)), height = float(Span(rect.top, rect.bottom));
-    for (LONG y = area.top; y < area.bottom; ++y) {
-        float v = (float(Span(rect.top, y)) + 0.5f) / height;
-        for (LONG x = area.left; x < area.right; ++x) {
-            float u = (float(Span(rect.left, x)) + 0.5f) / width, s = 0, t = 0;
-            Turn(record.Orientation, u, v, s, t);
-            uint32_t color = 0;
-            if (sampler.Sample(s, t, color)) Picture.Blend(int(x), int(y), color);
+    for (size_t i = 0; i < columnAt.size(); ++i) {
+        float u = (float(Span(rect.left, area.left)) + float(i) + 0.5f) / width, s = 0, t = 0;
+        Turn(record.Orientation, u, 0.5f, s, t);
+        columnAt[i] = sideways ? t : s;
+        columnSource[i] = sideways ? sampler.SourceY(t) : sampler.SourceX(s);
+    }
+    for (size_t j = 0; j < rowAt.size(); ++j) {
+        float v = (float(Span(rect.top, area.top)) + float(j) + 0.5f) / height, s = 0, t = 0;
+        Turn(record.Orientation, 0.5f, v, s, t);
+        rowAt[j] = sideways ? s : t;
+        rowSource[j] = sideways ? sampler.SourceX(s) : sampler.SourceY(t);
+    }
+    for (size_t j = 0; j < rowAt.size(); ++j) {
+        uint32_t* row = Picture.Row(int(area.top) + int(j)) + area.left;
+        for (size_t i = 0; i < columnAt.size(); ++i) {
+            float s = sideways ? rowAt[j] : columnAt[i], t = sideways ? columnAt[i] : rowAt[j];
+            if (!sampler.Inside(s, t)) continue;
+            uint32_t color = sideways ? sampler.Texel(rowSource[j], columnSource[i])
+                                      : sampler.Texel(columnSource[i], rowSource[j]);
+            row[i] = Pixel::Over(row[i], color);
         }
     }
 }

@@ -28,6 +28,7 @@
 #include "TAVUDrawRecord.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
@@ -75,7 +76,8 @@ private:
     struct Sampler;
 
     Sampler SamplerFor(const TAVUDrawRecord& record) const;
-    void DrawGlyph(const Glyph& glyph, int penX, int baseline, uint32_t color, const tagRECT& clip);
+    void DrawGlyph(const Glyph& glyph, int64_t penX, int64_t baseline, uint32_t color,
+                   const tagRECT& clip);
 
     FrameBuffer Picture;
     std::map<unsigned, Texture> Textures;

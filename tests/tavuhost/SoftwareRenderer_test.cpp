@@ -280,6 +280,11 @@ TEST_F(SoftwareRendererTest, TextIsDrawnWhereAndAsWideAsItIsMeasured) {
 
     size_t ignored = 0;
     EXPECT_FALSE(Renderer.MeasureText(9, "x", ignored)) << "an unknown font";
+    const LONG most = 2147483647, least = -most - 1;
+    for (unsigned format : {0x20u, 0x21u, 0x22u, 0x120u, 0x122u})
+        EXPECT_TRUE(
+            Renderer.DrawText(1, "far", tagRECT{least, least, most, most}, White, format, ignored))
+            << "the widest rectangle, format " << format;
 }
 
 TEST_F(SoftwareRendererTest, TextAlignsAndClipsByItsFormat) {
