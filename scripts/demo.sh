@@ -9,3 +9,18 @@ echo
 echo "== A host loads the module, builds a small tree and renders it =="
 build/linux/bin/tavuboundary build/linux/lib/libtavukit.so build/linux/lib/libtavuboundary_elements.so \
     build/linux/lib/libcolorswatch.so examples/modules/swatches.xml
+
+echo
+echo "== tavuhost paints the settings panel example into a picture =="
+panel=examples/settings/settings.xml
+mkdir -p build/demo
+build/linux/bin/tavuhost "$panel" --png build/demo/settings.png
+
+echo
+echo "== A script clicks through the panel; its event scripts echo what happens =="
+build/linux/bin/tavuhost "$panel" --script examples/settings/demo.tss
+
+echo
+echo "Wrote $(pwd)/build/demo/settings.png: open it with any image viewer."
+echo "To click, type into and resize the panel in a window (needs a display):"
+echo "  build/linux/bin/tavuhost --window $panel"

@@ -4,8 +4,10 @@
 #include "ImageSize.h"
 #include "KeyNames.h"
 #include "ScriptEngine.h"
+#include "SoftwareRenderer.h"
 #include "TraceWriter.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -62,6 +64,21 @@ HeadlessHost::~HeadlessHost() {
 void HeadlessHost::SetDisplaySize(uint64_t width, uint64_t height) {
     Width = width;
     Height = height;
+    if (Renderer) Renderer->Resize(int(width), int(height));
+}
+
+void HeadlessHost::AttachRenderer(SoftwareRenderer* renderer) {
+    Renderer = renderer;
+    if (Renderer) Renderer->Resize(int(Width), int(Height));
+}
+
+bool HeadlessHost::WritePicture(const std::string& path, std::string& error) {
+    if (!Renderer) {
+        error = "there is no picture without a renderer (run tavuhost with --render or --png FILE)";
+        return false;
+    }
+    const FrameBuffer& frame = Renderer->Frame();
+    return ImageFile::WritePng(path, frame.Pixels(), frame.Width(), frame.Height(), error);
 }
 
 void HeadlessHost::Frame() {
@@ -73,6 +90,7 @@ void HeadlessHost::Frame() {
     }
     Rendering = true;
     Engine.ClearTemporaries();
+    if (Renderer) Renderer->BeginFrame();
     Module.Render();
     Module.AdvanceClock(FrameMilliseconds);
     Rendering = false;
@@ -127,7 +145,7 @@ int HeadlessHost::Mouse(int argc, char* argv[]) {
     long x = 0, y = 0;
     if (SameName(action, "wheel")) {
         if (argc != 3 || !ParseInt(argv[2], x)) return Engine.Print(syntax), -1;
-        Module.OnMouseWheel(int(x));
+        WheelTurned(int(x));
         return 0;
     }
     bool isMove = SameName(action, "move");
@@ -141,18 +159,15 @@ int HeadlessHost::Mouse(int argc, char* argv[]) {
     bool valid = (isMove && hasPoint) || (isButton && knownButton && (argc == 3 || hasPoint));
     if (!valid || (hasPoint && (!ParseInt(argv[pointAt], x) || !ParseInt(argv[pointAt + 1], y))))
         return Engine.Print(syntax), -1;
-    if (hasPoint) {
-        MousePosition = _Point2i{int(x), int(y)};
-        Module.OnMouseMove(MousePosition);
-    }
+    if (hasPoint) PointerMoved(int(x), int(y));
     if (isButton) MouseButton(action, button);
     return 0;
 }
 
 void HeadlessHost::MouseButton(const std::string& action, const std::string& button) {
     bool left = SameName(button, "left");
-    if (!SameName(action, "release")) left ? Module.OnLMouseDown() : Module.OnRMouseDown();
-    if (!SameName(action, "press")) left ? Module.OnLMouseUp() : Module.OnRMouseUp();
+    if (!SameName(action, "release")) ButtonChanged(left, true);
+    if (!SameName(action, "press")) ButtonChanged(left, false);
 }
 
 int HeadlessHost::Key(int argc, char* argv[]) {
@@ -203,9 +218,46 @@ int HeadlessHost::Type(int argc, char* argv[]) {
 }
 
 int HeadlessHost::Screenshot(int argc, char* argv[]) {
-    Engine.Print(std::string("screenshot: this host has no renderer yet, so '") +
-                 (argc > 1 ? argv[1] : "") + "' was not written");
+    if (argc != 2 || !*argv[1]) {
+        Engine.Print("Syntax: screenshot FILE.png");
+        return -1;
+    }
+    // Inside a frame the picture is half painted.
+    std::string error = Rendering ? "a frame is being painted" : "";
+    if (error.empty() && WritePicture(argv[1], error)) return 0;
+    Engine.Print(std::string("screenshot: '") + argv[1] + "' was not written: " + error);
     return -1;
+}
+
+// ---- HostInput ----
+
+void HeadlessHost::PointerMoved(int x, int y) {
+    MousePosition = _Point2i{x, y};
+    Module.OnMouseMove(MousePosition);
+}
+
+void HeadlessHost::ButtonChanged(bool left, bool down) {
+    if (down)
+        left ? Module.OnLMouseDown() : Module.OnRMouseDown();
+    else
+        left ? Module.OnLMouseUp() : Module.OnRMouseUp();
+}
+
+void HeadlessHost::WheelTurned(int offset) {
+    Module.OnMouseWheel(offset);
+}
+
+// A window tells left from right modifiers; the keyboard state that the
+// toolkit asks for a character also wants the modifier as such.
+void HeadlessHost::KeyChanged(unsigned code, bool down) {
+    const unsigned shiftLeft = 0xA0, altRight = 0xA5, shift = 0x10;
+    if (code >= shiftLeft && code <= altRight)
+        Module.SetKeyState(int(shift + (code - shiftLeft) / 2), down ? short(0x8000) : 0);
+    down ? PressKey(code) : ReleaseKey(code);
+}
+
+void HeadlessHost::Resized(int width, int height) {
+    SetDisplaySize(uint64_t(std::max(width, 1)), uint64_t(std::max(height, 1)));
 }
 
 int HeadlessHost::Exit(int argc, char* argv[]) {
@@ -489,35 +541,44 @@ void HeadlessHost::SelectConsole(const char* name) {
     if (name) ConsoleName = name;
 }
 
-// ---- HostRenderer: recorded and dropped ----
+// ---- HostRenderer: recorded, then painted when there is a renderer ----
 
 bool HeadlessHost::FillRect(tagRECT* rect, unsigned color) {
     Trace.Write("FillRect", {TraceWriter::Rect(rect), TraceWriter::Hex(color)});
+    if (Renderer && rect) Renderer->FillRect(*rect, color);
     return true;
 }
 
 bool HeadlessHost::TexturedRect(TAVUDrawRecord* record) {
     Trace.Write("TexturedRect", {TraceWriter::Record(record)});
+    if (Renderer && record) Renderer->TexturedRect(*record);
     return true;
 }
 
 bool HeadlessHost::TexturedRects(unsigned count, TAVUDrawRecord* records) {
-    if (!Trace.IsOn()) return true;
-    std::string fields = TraceWriter::Int(count);
-    for (unsigned i = 0; i < count && records; ++i)
-        fields += " " + TraceWriter::Record(&records[i]);
-    Trace.Write("TexturedRects", {fields});
+    if (Trace.IsOn()) {
+        std::string fields = TraceWriter::Int(count);
+        for (unsigned i = 0; i < count && records; ++i)
+            fields += " " + TraceWriter::Record(&records[i]);
+        Trace.Write("TexturedRects", {fields});
+    }
+    for (unsigned i = 0; Renderer && records && i < count; ++i)
+        Renderer->TexturedRect(records[i]);
     return true;
 }
 
 bool HeadlessHost::DrawLine(TAVUDrawRecord* record, unsigned width) {
     Trace.Write("DrawLine", {TraceWriter::Record(record), TraceWriter::Int(width)});
+    if (Renderer && record) Renderer->DrawLine(*record, width);
     return true;
 }
 
+// A font that the renderer could not open still gets a handle, and measures
+// as it does without a renderer.
 unsigned HeadlessHost::AcquireFont(const char* name, int height, bool fixed, bool bold) {
     unsigned font = NextFont++;
     Fonts[font] = name ? name : "";
+    if (Renderer) Renderer->OpenFont(font, Fonts[font], height, fixed, bold);
     Trace.Write("AcquireFont",
                 {TraceWriter::Text(name), TraceWriter::Int(height), TraceWriter::Flag(fixed),
                  TraceWriter::Flag(bold), "->", TraceWriter::Int(font)});
@@ -527,6 +588,13 @@ unsigned HeadlessHost::AcquireFont(const char* name, int height, bool fixed, boo
 void HeadlessHost::ReleaseFont(unsigned font) {
     Trace.Write("ReleaseFont", {TraceWriter::Int(font)});
     Fonts.erase(font);
+    if (Renderer) Renderer->ReleaseFont(font);
+}
+
+size_t HeadlessHost::TextWidth(unsigned font, const char* text) {
+    size_t width = 0;
+    if (Renderer && Renderer->MeasureText(font, text, width)) return width;
+    return text ? strlen(text) * TextAdvance : 0;
 }
 
 size_t HeadlessHost::DrawText(unsigned font, const char* text, tagRECT* rect, unsigned color,
@@ -534,20 +602,28 @@ size_t HeadlessHost::DrawText(unsigned font, const char* text, tagRECT* rect, un
     Trace.Write("DrawText",
                 {TraceWriter::Int(font), TraceWriter::Text(text), TraceWriter::Rect(rect),
                  TraceWriter::Hex(color), TraceWriter::Hex(format)});
-    return text ? strlen(text) * TextAdvance : 0;
+    size_t width = 0;
+    if (Renderer && rect && Renderer->DrawText(font, text, *rect, color, format, width))
+        return width;
+    return TextWidth(font, text);
 }
 
 void HeadlessHost::MeasureText(unsigned font, const char* text, size_t* width) {
     Trace.Write("MeasureText", {TraceWriter::Int(font), TraceWriter::Text(text)});
-    if (width) *width = text ? strlen(text) * TextAdvance : 0;
+    if (width) *width = TextWidth(font, text);
 }
 
 bool HeadlessHost::GetCharWidths(unsigned font, unsigned first, unsigned last, float* abc) {
     Trace.Write("GetCharWidths",
                 {TraceWriter::Int(font), TraceWriter::Int(first), TraceWriter::Int(last)});
     if (!abc) return false;
+    // One character's values: the caller has room for three floats, whatever
+    // the range says. The advance is all in the middle value.
+    int advance = int(TextAdvance);
+    if (Renderer && first < 256)
+        Renderer->CharAdvance(font, static_cast<unsigned char>(first), advance);
     abc[0] = 0;
-    abc[1] = float(TextAdvance);
+    abc[1] = float(advance);
     abc[2] = 0;
     return true;
 }
@@ -560,15 +636,28 @@ bool HeadlessHost::GetDisplaySize(uint64_t* width, uint64_t* height) {
     return true;
 }
 
+// An empty name is a texture without an image: a fill in its colour mask.
+// Any other is a file, as named or in the search folders. With a renderer the
+// image must also decode, or the texture is refused.
 unsigned HeadlessHost::AcquireTexture(const char* file, unsigned colorKey) {
     char path[TAVU_TEXTURE_PATH_BUFFER];
     unsigned texture = 0;
-    if (file && (Readable(NativePath(file)) || FindFile(file, path, sizeof(path)))) {
-        Texture entry;
+    Texture entry;
+    bool found =
+        file && (!*file || Readable(NativePath(file)) || FindFile(file, path, sizeof(path)));
+    if (found && *file)
         entry.File = Readable(NativePath(file)) ? NativePath(file) : std::string(path);
+    std::string error;
+    if (found && Renderer && !Renderer->LoadTexture(NextTexture, entry.File, colorKey, error)) {
+        fprintf(stderr, "tavuhost: %s\n", error.c_str());
+        found = false;
+    }
+    if (found) {
         int32_t width = 0, height = 0;
-        entry.HasSize = ImageSize::Read(entry.File.c_str(), width, height);
+        entry.HasSize = !entry.File.empty() && ImageSize::Read(entry.File.c_str(), width, height);
         entry.Size = _Point2i{width, height};
+        if (!entry.HasSize && Renderer && Renderer->TextureSize(NextTexture, width, height))
+            entry = Texture{entry.File, true, _Point2i{width, height}};
         texture = NextTexture++;
         Textures[texture] = entry;
     }
@@ -588,6 +677,7 @@ bool HeadlessHost::GetTextureSize(unsigned texture, _Point2i& size) {
 void HeadlessHost::ReleaseTexture(unsigned texture) {
     Trace.Write("ReleaseTexture", {TraceWriter::Int(texture)});
     Textures.erase(texture);
+    if (Renderer) Renderer->ReleaseTexture(texture);
 }
 
 // ---- HostScriptInterface ----

@@ -2,12 +2,15 @@
 // three host interfaces, answered without a window.
 //
 // Script services go to the script engine. Draw calls are traced (with
-// --trace) and dropped; fonts measure with a fixed 7-pixel advance; textures
-// report the real size of their image file when it can be read. The host's
-// own commands (wait, waitframe, mouse, key, type, screenshot, exit)
-// are registered in the engine here, since they drive the module.
+// --trace); without a renderer they are dropped, fonts measure with a fixed
+// 7-pixel advance and textures report the real size of their image file when
+// it can be read. With a renderer attached, every draw call, font and texture
+// goes to it as well, after its trace line. The host's own commands (wait,
+// waitframe, mouse, key, type, screenshot, exit) are registered in the engine
+// here, since they drive the module.
 #pragma once
 
+#include "HostInput.h"
 #include "HostInterface.h"
 #include "HostScriptInterface.h"
 #include "TavukitModule.h"
@@ -17,9 +20,10 @@
 #include <vector>
 
 class ScriptEngine;
+class SoftwareRenderer;
 class TraceWriter;
 
-class HeadlessHost final : public HostInterface, public HostScriptInterface {
+class HeadlessHost final : public HostInterface, public HostScriptInterface, public HostInput {
 public:
     enum : unsigned { FrameMilliseconds = 16 };
     enum : unsigned { TextAdvance = 7 };
@@ -32,6 +36,10 @@ public:
     void SetDisplaySize(uint64_t width, uint64_t height);
     const uint64_t& DisplayWidth() const { return Width; }
     const uint64_t& DisplayHeight() const { return Height; }
+    // From now on frames are painted by the renderer (null: no longer).
+    void AttachRenderer(SoftwareRenderer* renderer);
+    // Writes the last whole frame as a PNG; false, with the reason, without a renderer.
+    bool WritePicture(const std::string& path, std::string& error);
     // Interface and texture files are looked for in these folders, in order.
     void AddSearchFolder(const std::string& folder) { SearchFolders.push_back(folder); }
 
@@ -39,6 +47,13 @@ public:
     void Frame();
     // Time passes (the clock moves), then a frame shows its effect.
     void Wait(unsigned milliseconds);
+
+    // HostInput
+    void PointerMoved(int x, int y) override;
+    void ButtonChanged(bool left, bool down) override;
+    void WheelTurned(int offset) override;
+    void KeyChanged(unsigned code, bool down) override;
+    void Resized(int width, int height) override;
 
     // HostServices
     RXScript* GetCurrentScript() override;
@@ -125,6 +140,7 @@ private:
     bool FindFile(const char* name, char* output, size_t size);
     std::string Describe(const _RXTypeVar* value);
     std::string Arguments(int argc, char* argv[]);
+    size_t TextWidth(unsigned font, const char* text);
 
     ScriptEngine& Engine;
     TraceWriter& Trace;
@@ -142,4 +158,5 @@ private:
     std::string Completion;
     std::string CompletionStem;
     bool Rendering = false;
+    SoftwareRenderer* Renderer = nullptr;
 };

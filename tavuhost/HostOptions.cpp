@@ -25,6 +25,10 @@ const char* HostOptions::Usage() {
            "  --trace FILE    write every call into the host to FILE (- for standard output)\n"
            "  --module NAME   load a module of element types after the toolkit (a name such\n"
            "                  as colorswatch, or a path; repeatable)\n"
+           "  --render        paint every frame with real fonts and textures\n"
+           "                  (for the screenshot command)\n"
+           "  --png FILE      paint the frames and write the last one to FILE\n"
+           "  --window        show the interface in a window to click and type into\n"
            "  --help          show this text\n";
 }
 
@@ -65,12 +69,15 @@ bool HostOptions::Parse(int argc, char* argv[]) {
             optionsEnded = true;
             continue;
         }
-        if (word == "--help" || word == "-h") {
-            Help = true;
+        if (word == "--help" || word == "-h" || word == "--render" || word == "--window") {
+            Help = Help || word == "--help" || word == "-h";
+            Render = Render || word == "--render";
+            Window = Window || word == "--window";
             continue;
         }
-        static const char* const withValue[] = {"--size",   "--prefix", "--path",  "-e",
-                                                "--script", "--frames", "--trace", "--module"};
+        static const char* const withValue[] = {"--size",  "--prefix", "--path",
+                                                "-e",      "--script", "--frames",
+                                                "--trace", "--module", "--png"};
         bool known = false;
         for (const char* option : withValue)
             known = known || word == option;
@@ -92,6 +99,10 @@ bool HostOptions::Parse(int argc, char* argv[]) {
         }
         if (word == "--trace") Trace = value;
         if (word == "--module") ElementModules.push_back(value);
+        if (word == "--png") {
+            if (value.empty()) return Fail("--png wants a file name");
+            Png = value;
+        }
     }
     return true;
 }

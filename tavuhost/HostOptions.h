@@ -1,7 +1,8 @@
 // The command line of tavuhost:
 //   tavuhost [OPTIONS] [FILE.xml ...]
 // with --size WxH, --prefix TAG, --path DIR, -e CMD, --script FILE,
-// --frames N, --trace FILE (or - for standard output) and --module FILE.
+// --frames N, --trace FILE (or - for standard output), --module FILE, and
+// --render, --png FILE and --window, which paint the frames.
 #pragma once
 
 #include <cstdint>
@@ -25,7 +26,14 @@ public:
     std::string Trace;
     std::vector<std::string> ElementModules; // modules of element types, in order
     std::vector<std::string> Files;
+    std::string Png;     // the last frame is written here
+    bool Render = false; // paint frames even without --png or --window
+    bool Window = false;
     bool Help = false;
+
+    // Frames are painted (real fonts, decoded textures) only when asked for,
+    // so that the output of a plain run never depends on the fonts installed.
+    bool Renders() const { return Render || Window || !Png.empty(); }
 
 private:
     bool Fail(const std::string& message);

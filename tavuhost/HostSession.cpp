@@ -44,6 +44,13 @@ HostSession::HostSession(const HostOptions& options)
       Objects(Engine, Host.DisplayWidth(), Host.DisplayHeight()) {
     Engine.SetConsole(PrintLine);
     Host.SetDisplaySize(options.Width, options.Height);
+    if (options.Renders()) {
+        Renderer = std::make_unique<SoftwareRenderer>(FontLibrary::Create());
+        if (!Renderer->HasFonts())
+            fprintf(stderr, "tavuhost: this build has no font library: text is measured "
+                            "but not drawn\n");
+        Host.AttachRenderer(Renderer.get());
+    }
     for (const std::string& file : options.Files)
         Host.AddSearchFolder(FolderOf(file));
     for (const std::string& folder : options.Paths)
@@ -95,7 +102,10 @@ bool HostSession::LoadModule() {
         fprintf(stderr, "tavuhost: %s\n", Module.Error());
         return false;
     }
-    if (Module.CanDriveClock())
+    // A window lives in real time; anything else drives the clock.
+    if (Options.Window)
+        Module.ReleaseClock();
+    else if (Module.CanDriveClock())
         Module.DriveClock(StartTick);
     else
         fprintf(stderr,
@@ -130,13 +140,17 @@ void HostSession::RunCommands() {
     }
 }
 
-bool HostSession::RunScript() {
+ScriptInstance* HostSession::LoadScript() {
     std::string text;
     if (!ReadFile(Options.Script, text)) {
         Engine.Print("Could not read script file '" + Options.Script + "'");
-        return false;
+        return nullptr;
     }
-    ScriptInstance* script = Engine.LoadScript(ScriptNameOf(Options.Script), text);
+    return Engine.LoadScript(ScriptNameOf(Options.Script), text);
+}
+
+bool HostSession::RunScript() {
+    ScriptInstance* script = LoadScript();
     if (!script) return false;
     for (unsigned frames = 0;; ++frames) {
         uint32_t milliseconds = 0;
@@ -155,11 +169,58 @@ bool HostSession::RunScript() {
     }
 }
 
+bool HostSession::OpenWindow() {
+    std::string title = "tavuhost";
+    for (const std::string& file : Options.Files)
+        title += " " + file;
+    std::string error;
+    if (Window.Open(title, int(Options.Width), int(Options.Height), error)) return true;
+    fprintf(stderr, "tavuhost: %s\n", error.c_str());
+    return false;
+}
+
+// One step of a script in a window: resumed when its wait is over.
+void HostSession::ResumeScript(ScriptInstance*& script, uint32_t& resumeAt) {
+    uint32_t now = Window.Now();
+    if (!script || int32_t(now - resumeAt) < 0) return;
+    uint32_t milliseconds = 0;
+    Engine.ClearTemporaries();
+    ScriptEngine::ScriptState state = Engine.Resume(*script, milliseconds);
+    if (state == ScriptEngine::ScriptState::Ended) script = nullptr;
+    resumeAt = now + (state == ScriptEngine::ScriptState::WaitTime ? milliseconds : 0);
+}
+
+// Frames at the pace of the display until the window closes or a script exits.
+bool HostSession::RunWindow() {
+    ScriptInstance* script = Options.Script.empty() ? nullptr : LoadScript();
+    bool loaded = Options.Script.empty() || script;
+    uint32_t resumeAt = Window.Now();
+    while (!Engine.ExitRequested() && Window.Pump(Host)) {
+        uint32_t started = Window.Now();
+        ResumeScript(script, resumeAt);
+        Host.Frame();
+        Window.Present(Renderer->Frame());
+        uint32_t spent = Window.Now() - started;
+        if (spent < HeadlessHost::FrameMilliseconds)
+            Window.Sleep(HeadlessHost::FrameMilliseconds - spent);
+    }
+    return loaded;
+}
+
+bool HostSession::WritePng() {
+    std::string error;
+    if (Host.WritePicture(Options.Png, error)) return true;
+    fprintf(stderr, "tavuhost: %s\n", error.c_str());
+    return false;
+}
+
 int HostSession::Run() {
     if (!Options.Trace.empty() && !Trace.Open(Options.Trace)) {
         fprintf(stderr, "tavuhost: cannot write the trace file '%s'\n", Options.Trace.c_str());
         return 2;
     }
+    // Without a display there is nothing to do, so nothing is loaded.
+    if (Options.Window && !OpenWindow()) return 2;
     if (!LoadModule()) return 1;
     if (!Options.Files.empty() && !Module.CanLoadInterfaces()) {
         fprintf(stderr, "tavuhost: this Tavukit module cannot load interface files yet "
@@ -169,9 +230,14 @@ int HostSession::Run() {
     bool failed = !LoadFiles();
     Host.Frame();
     RunCommands();
-    if (!Options.Script.empty() && !Engine.ExitRequested() && !RunScript()) failed = true;
-    for (unsigned frame = 0; frame < Options.Frames && !Engine.ExitRequested(); ++frame)
-        Host.Frame();
+    if (Options.Window) {
+        if (!RunWindow()) failed = true;
+    } else {
+        if (!Options.Script.empty() && !Engine.ExitRequested() && !RunScript()) failed = true;
+        for (unsigned frame = 0; frame < Options.Frames && !Engine.ExitRequested(); ++frame)
+            Host.Frame();
+    }
+    if (!Options.Png.empty() && !WritePng()) failed = true;
     ManagerAccess::Shutdown(Manager);
     Manager = nullptr;
     int status = Engine.ExitRequested() ? Engine.ExitCode() : 0;

@@ -1,13 +1,16 @@
 // One run of tavuhost: load the module, hand it the host, load the interface
 // files, render the first frame, run the -e commands and the script, render
 // the closing frames, and shut down. The clock is driven, so the same input
-// gives the same output byte for byte.
+// gives the same output byte for byte. A window run instead follows the real
+// clock: it shows frames and runs the script until the window is closed.
 #pragma once
 
 #include "HeadlessHost.h"
 #include "HostObjects.h"
 #include "HostOptions.h"
+#include "PreviewWindow.h"
 #include "ScriptEngine.h"
+#include "SoftwareRenderer.h"
 #include "ElementModules.h"
 #include "TavukitModule.h"
 #include "TraceWriter.h"
@@ -35,14 +38,21 @@ private:
     static std::string ElementModulePath(const std::string& name);
     bool LoadFiles();
     void RunCommands();
+    ScriptInstance* LoadScript();
     bool RunScript();
+    bool OpenWindow();
+    bool RunWindow();
+    void ResumeScript(ScriptInstance*& script, uint32_t& resumeAt);
+    bool WritePng();
     std::string ModulePath() const;
 
     const HostOptions& Options;
     ScriptEngine Engine;
     TraceWriter Trace;
     TavukitModule Module;
-    ElementModules Extras; // after Module: unloaded before it
+    ElementModules Extras;                      // after Module: unloaded before it
+    std::unique_ptr<SoftwareRenderer> Renderer; // before Host: outlives it
+    PreviewWindow Window;
     HeadlessHost Host;
     HostObjects Objects;
     CUIManager* Manager = nullptr;

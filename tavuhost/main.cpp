@@ -1,6 +1,7 @@
 // tavuhost: the reference host of Tavukit. It loads the module at run time,
 // enters it through F1 like any third-party host, and runs interface files
-// and scripts headless. See docs/scripting.md for the script language.
+// and scripts headless, or paints them into a picture (--png) or a window
+// (--window). See docs/scripting.md for the script language and the options.
 #include "HostOptions.h"
 #include "HostSession.h"
 

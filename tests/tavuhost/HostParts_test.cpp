@@ -3,6 +3,7 @@
 #include "ImageSize.h"
 #include "KeyNames.h"
 #include "ScriptEngine.h"
+#include "SoftwareRenderer.h"
 #include "TraceWriter.h"
 
 #include <gtest/gtest.h>
@@ -64,9 +65,10 @@ TEST(HostOptions, DefaultsAndEveryOption) {
     EXPECT_EQ(1u, options.Frames);
 
     HostOptions all;
-    ASSERT_TRUE(ParseOptions(all, {"--size", "1024x768", "a.xml", "--prefix", "MYUI", "--path",
-                                   "skins", "-e", "echo 1", "--script", "s.tss", "-e", "echo 2",
-                                   "--frames", "0", "--trace", "-", "--", "-odd.xml"}));
+    ASSERT_TRUE(ParseOptions(all, {"--size",  "1024x768", "a.xml",  "--prefix", "MYUI",  "--path",
+                                   "skins",   "-e",       "echo 1", "--script", "s.tss", "-e",
+                                   "echo 2",  "--frames", "0",      "--trace",  "-",     "--png",
+                                   "out.png", "--window", "--",     "-odd.xml"}));
     EXPECT_EQ(1024u, all.Width);
     EXPECT_EQ(768u, all.Height);
     EXPECT_EQ("MYUI", all.Prefix);
@@ -76,6 +78,15 @@ TEST(HostOptions, DefaultsAndEveryOption) {
     EXPECT_EQ(0u, all.Frames);
     EXPECT_EQ("-", all.Trace);
     EXPECT_EQ((std::vector<std::string>{"a.xml", "-odd.xml"}), all.Files);
+    EXPECT_EQ("out.png", all.Png);
+    EXPECT_TRUE(all.Window);
+    EXPECT_TRUE(all.Renders());
+    EXPECT_FALSE(options.Renders()) << "a plain run paints nothing";
+
+    HostOptions render;
+    ASSERT_TRUE(ParseOptions(render, {"--render"}));
+    EXPECT_TRUE(render.Renders());
+    EXPECT_FALSE(render.Window);
 }
 
 TEST(HostOptions, BadUsageSaysWhatIsWrong) {
@@ -93,6 +104,8 @@ TEST(HostOptions, BadUsageSaysWhatIsWrong) {
         {{"--frames", "1000001"}, "--frames wants a number from 0 to 1000000"},
         {{"--prefix", ""}, "--prefix wants a tag of 1 to 63 characters"},
         {{"--script", "a", "--script", "b"}, "only one --script may be given"},
+        {{"--png", ""}, "--png wants a file name"},
+        {{"--png"}, "--png needs a value"},
     };
     for (const Case& c : cases) {
         HostOptions options;
@@ -354,9 +367,63 @@ TEST_F(HeadlessHostTest, HostCommandsCheckTheirArguments) {
             mouse, mouse, mouse, mouse, mouse, "key: unknown key 'Nope'",
             "Syntax: key press|release|tap NAME", "Syntax: exit [CODE] (0 to 255)",
             "Syntax: exit [CODE] (0 to 255)", "type: no key types '\x01'",
-            "screenshot: this host has no renderer yet, so 'shot.png' was not written"}),
+            "screenshot: 'shot.png' was not written: there is no picture without a renderer "
+            "(run tavuhost with --render or --png FILE)"}),
         Console);
     EXPECT_FALSE(Engine.ExitRequested());
     Engine.ExecuteCommand("echo  spaced   out ");
     EXPECT_EQ("spaced out", Console.back());
+}
+
+TEST_F(HeadlessHostTest, WithARendererDrawCallsPaintAndScreenshotsAreWritten) {
+    SoftwareRenderer renderer(FontLibrary::Create());
+    Host.SetDisplaySize(16, 8);
+    Host.AttachRenderer(&renderer);
+    EXPECT_EQ(16, renderer.Frame().Width()) << "the renderer takes the display's size";
+    tagRECT rect{0, 0, 4, 4};
+    Host.FillRect(&rect, 0xFF112233);
+    EXPECT_EQ(0xFF112233u, renderer.Frame().At(3, 3));
+
+    unsigned fill = Host.AcquireTexture("", 0);
+    EXPECT_NE(0u, fill) << "an empty name is a fill";
+    _Point2i size{0, 0};
+    EXPECT_FALSE(Host.GetTextureSize(fill, size));
+    EXPECT_EQ(0u, Host.AcquireTexture("flow.tss", 0)) << "a file that does not decode";
+    unsigned png = Host.AcquireTexture("textures/red3x2.png", 0);
+    TAVUDrawRecord records[2] = {};
+    records[0].Texture = fill, records[0].Right = 2, records[0].Bottom = 2;
+    records[0].ColorMask = 0xFF0000FF;
+    records[1].Texture = png, records[1].Left = 8, records[1].Right = 16, records[1].Bottom = 8;
+    Host.TexturedRects(2, records);
+    EXPECT_EQ(0xFF0000FFu, renderer.Frame().At(1, 1));
+    EXPECT_EQ(0xFFFF0000u, renderer.Frame().At(12, 4));
+
+    unsigned font = Host.AcquireFont("", 12, false, false);
+    size_t measured = 0;
+    Host.MeasureText(font, "Width", &measured);
+    tagRECT line{0, 0, 16, 8};
+    EXPECT_EQ(measured, Host.DrawText(font, "Width", &line, 0xFFFFFFFF, 0x20));
+    float abc[3] = {0, 0, 0};
+    ASSERT_TRUE(Host.GetCharWidths(font, 'W', 'W', abc));
+    size_t w = 0;
+    Host.MeasureText(font, "W", &w);
+    EXPECT_EQ(float(w), abc[0] + abc[1] + abc[2]) << "one measure everywhere";
+
+    std::string shot = testing::TempDir() + "tavuhost_shot.png";
+    Console.clear();
+    Engine.ExecuteCommand(("screenshot " + shot).c_str());
+    EXPECT_TRUE(Console.empty());
+    Image written;
+    std::string error;
+    ASSERT_TRUE(ImageFile::Load(shot, 0, written, error)) << error;
+    EXPECT_EQ(16, written.Width);
+    EXPECT_EQ(0xFF112233u, written.At(3, 3));
+    remove(shot.c_str());
+    Engine.ExecuteCommand("screenshot no/such/folder/x.png");
+    EXPECT_EQ("screenshot: 'no/such/folder/x.png' was not written: cannot write "
+              "'no/such/folder/x.png'",
+              Console.back());
+    Engine.ExecuteCommand("screenshot");
+    EXPECT_EQ("Syntax: screenshot FILE.png", Console.back());
+    Host.AttachRenderer(nullptr);
 }

@@ -1,10 +1,18 @@
-# Runs tavuhost for one case and compares its standard output and exit status.
+# Runs tavuhost for one case and compares its standard output and exit status,
+# and its last frame with a golden picture when the case has one.
 # -DHOST=path -DEMULATOR=runner (may be empty) -DCASE=path/NAME.args
+# -DIMAGEDIFF=path of the picture comparer -DPICTURES=folder for the pictures
 
 get_filename_component(folder "${CASE}" DIRECTORY)
+get_filename_component(name "${CASE}" NAME_WE)
 string(REGEX REPLACE "\\.args$" "" base "${CASE}")
 
 file(STRINGS "${CASE}" arguments)
+set(picture "${PICTURES}/${name}.png")
+if(EXISTS "${base}.png")
+    file(REMOVE "${picture}")
+    list(APPEND arguments --png "${picture}")
+endif()
 set(expected_status 0)
 if(EXISTS "${base}.status")
     file(STRINGS "${base}.status" expected_status LIMIT_COUNT 1)
@@ -23,5 +31,12 @@ if(EXISTS "${base}.out")
     if(NOT output STREQUAL expected)
         message(FATAL_ERROR "tavuhost ${arguments}: standard output differs\n"
                             "output:\n${output}\nexpected:\n${expected}\nerrors:\n${errors}")
+    endif()
+endif()
+if(EXISTS "${base}.png")
+    execute_process(COMMAND ${EMULATOR} ${IMAGEDIFF} "${base}.png" "${picture}"
+                    ERROR_VARIABLE difference RESULT_VARIABLE status)
+    if(NOT status EQUAL 0)
+        message(FATAL_ERROR "tavuhost ${arguments}: the picture differs\n${difference}")
     endif()
 endif()

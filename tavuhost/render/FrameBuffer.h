@@ -1,0 +1,56 @@
+// The picture a frame paints: 32-bit pixels in the toolkit's own colour form,
+// ARGB with alpha in the top byte, row after row from the top left. The frame
+// is opaque; what is painted onto it blends by its alpha.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace Pixel {
+inline uint32_t AlphaOf(uint32_t argb) {
+    return argb >> 24;
+}
+// x * y / 255, rounded, for bytes.
+inline uint32_t Scale(uint32_t x, uint32_t y) {
+    uint32_t product = x * y + 128;
+    return (product + (product >> 8)) >> 8;
+}
+// Each channel of a times the same channel of b, as fractions of 255.
+uint32_t Modulate(uint32_t a, uint32_t b);
+// The colour with its alpha multiplied by alpha / 255.
+uint32_t WithAlpha(uint32_t argb, uint32_t alpha);
+// source painted over destination by the source's alpha.
+uint32_t Over(uint32_t destination, uint32_t source);
+} // namespace Pixel
+
+class FrameBuffer {
+public:
+    enum : uint32_t { Background = 0xFF000000u };
+
+    // Both sides are at least one pixel, so that every frame has a picture.
+    void Resize(int width, int height);
+    void Clear(uint32_t color = Background);
+    int Width() const { return FrameWidth; }
+    int Height() const { return FrameHeight; }
+    const uint32_t* Pixels() const { return Data.data(); }
+    uint32_t At(int x, int y) const { return Data[size_t(y) * size_t(FrameWidth) + size_t(x)]; }
+    bool Contains(int x, int y) const {
+        return x >= 0 && y >= 0 && x < FrameWidth && y < FrameHeight;
+    }
+    // Paints one pixel over what is there; points outside the frame are dropped.
+    void Blend(int x, int y, uint32_t color) {
+        if (!Contains(x, y)) return;
+        uint32_t& pixel = Data[size_t(y) * size_t(FrameWidth) + size_t(x)];
+        pixel = Pixel::Over(pixel, color);
+    }
+    // The pixels of one row, which must be inside the frame.
+    uint32_t* Row(int y) { return Data.data() + size_t(y) * size_t(FrameWidth); }
+    // The same for a span of one row, x0 to x1 (x1 excluded), already inside the frame.
+    void BlendSpan(int y, int x0, int x1, uint32_t color);
+
+private:
+    int FrameWidth = 1;
+    int FrameHeight = 1;
+    std::vector<uint32_t> Data = std::vector<uint32_t>(1, Background);
+};
