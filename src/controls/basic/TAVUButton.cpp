@@ -88,10 +88,8 @@ void TAVUButton::Render() {
     if (Text.Text && Text.Text[0]) {
         char caption[TAVUControlHelpers::TextBufferSize] = {0};
         Text.RetrieveProcessedText(caption, sizeof(caption));
-        // Unsigned on purpose: a font taller than the button wraps, as it always has.
-        unsigned fontHeight = Font ? Font->Height : 0;
-        int y = WrapAdd(int((unsigned(Height) - fontHeight) >> 1), AbsolutePosition.y);
-        DrawTextCenter(Font, caption, AbsolutePosition.x, y);
+        DrawTextCenter(Font, caption, AbsolutePosition.x,
+                       TAVUControlHelpers::CaptionTop(this, Font));
     }
     TAVUElement::Render();
 }

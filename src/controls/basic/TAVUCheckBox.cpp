@@ -89,10 +89,7 @@ void TAVUCheckBox::Render() {
         char caption[TAVUControlHelpers::TextBufferSize] = {0};
         Text.RetrieveProcessedText(caption, sizeof(caption));
         int textX = WrapAdd(x, (squeezed ? Height : side) + CaptionGap);
-        unsigned fontHeight = Font ? Font->Height : 0;
-        // Unsigned on purpose: a font taller than the box wraps, as it always has.
-        int textY = WrapAdd(int((unsigned(Height) - fontHeight) >> 1), y);
-        DrawText(Font, caption, textX, textY);
+        DrawText(Font, caption, textX, TAVUControlHelpers::CaptionTop(this, Font));
     }
     TAVUElement::Render();
 }

@@ -23,10 +23,10 @@ TAVUCommandButton::~TAVUCommandButton() {
 bool TAVUCommandButton::FromXML(XMLNode* node, XMLNode* templateNode) {
     templateNode = TAVUControlHelpers::ResolveTemplate(node, templateNode, kTypeWord);
     if (!TAVUButton::FromXML(node, templateNode)) return false;
-    StrFree(Console);
-    Console = StrDuplicate(TAVUControlHelpers::ReadString(node, templateNode, "Console"));
-    StrFree(Command);
-    Command = StrDuplicate(TAVUControlHelpers::ReadString(node, templateNode, "Command"));
+    TAVUControlHelpers::ReplaceText(Console,
+                                    TAVUControlHelpers::ReadString(node, templateNode, "Console"));
+    TAVUControlHelpers::ReplaceText(Command,
+                                    TAVUControlHelpers::ReadString(node, templateNode, "Command"));
     return true;
 }
 

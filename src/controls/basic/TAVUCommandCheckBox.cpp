@@ -8,11 +8,6 @@
 
 namespace {
 const char kTypeWord[] = "commandcheckbox";
-
-void ReplaceText(char*& field, const char* text) {
-    StrFree(field);
-    field = StrDuplicate(text);
-}
 } // namespace
 
 TAVUFactory<TAVUCommandCheckBox> g_TAVUCommandCheckBoxFactory(kTypeWord);
@@ -29,10 +24,12 @@ TAVUCommandCheckBox::~TAVUCommandCheckBox() {
 bool TAVUCommandCheckBox::FromXML(XMLNode* node, XMLNode* templateNode) {
     templateNode = TAVUControlHelpers::ResolveTemplate(node, templateNode, kTypeWord);
     if (!TAVUCheckBox::FromXML(node, templateNode)) return false;
-    ReplaceText(Console, TAVUControlHelpers::ReadString(node, templateNode, "Console"));
-    ReplaceText(Command, TAVUControlHelpers::ReadString(node, templateNode, "Command"));
-    ReplaceText(CommandChecked,
-                TAVUControlHelpers::ReadString(node, templateNode, "CommandChecked"));
+    TAVUControlHelpers::ReplaceText(Console,
+                                    TAVUControlHelpers::ReadString(node, templateNode, "Console"));
+    TAVUControlHelpers::ReplaceText(Command,
+                                    TAVUControlHelpers::ReadString(node, templateNode, "Command"));
+    TAVUControlHelpers::ReplaceText(
+        CommandChecked, TAVUControlHelpers::ReadString(node, templateNode, "CommandChecked"));
     Data.PreParse(TAVUControlHelpers::ReadString(node, templateNode, "Data"));
     return true;
 }

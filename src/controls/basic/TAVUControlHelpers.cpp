@@ -3,7 +3,9 @@
 #include "CUIManager.h"
 #include "Module.h"
 #include "NumberHelpers.h"
+#include "StringHelpers.h"
 #include "TAVUConsoleSelector.h"
+#include "TAVUFont.h"
 #include "TAVUElement.h"
 #include "TAVUTexture.h"
 #include "XMLHelper.h"
@@ -68,6 +70,16 @@ void TAVUControlHelpers::RunCommand(const char* command, const char* console) {
         g_pHost->ExecuteCommand(line.c_str());
         return;
     }
-    TAVUConsoleSelector selector(std::string(console).c_str());
+    TAVUConsoleSelector selector(console);
     g_pHost->ExecuteCommand(line.c_str());
+}
+
+int TAVUControlHelpers::CaptionTop(const TAVUElement* element, const TAVUFont* font) {
+    unsigned fontHeight = font ? font->Height : 0;
+    return WrapAdd(int((unsigned(element->Height) - fontHeight) >> 1), element->AbsolutePosition.y);
+}
+
+void TAVUControlHelpers::ReplaceText(char*& field, const char* text) {
+    StrFree(field);
+    field = StrDuplicate(text);
 }

@@ -11,6 +11,7 @@
 #include <cstddef>
 
 class TAVUElement;
+class TAVUFont;
 class TAVUTexture;
 class XMLNode;
 
@@ -37,9 +38,17 @@ public:
                                size_t count);
 
     // Runs a line of script through the host. With a console name, its output
-    // goes to that console for this one command. The texts are copied first:
-    // the command may delete the control that owns them.
+    // goes to that console for this one command. The command is copied first:
+    // it may delete the control that owns its text. The console's name is read
+    // only as the command begins.
     static void RunCommand(const char* command, const char* console);
+
+    // The top of a caption centred in the element's height. Unsigned on
+    // purpose: a font taller than the element wraps, as it always has.
+    static int CaptionTop(const TAVUElement* element, const TAVUFont* font);
+
+    // Replaces an owned C string with a copy of text.
+    static void ReplaceText(char*& field, const char* text);
 
     // The element's rectangle on the screen.
     static tagRECT ScreenRect(const TAVUElement* element);
