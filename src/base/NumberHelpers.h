@@ -1,6 +1,8 @@
 // Number conversions shared by the toolkit.
 #pragma once
 
+#include "Platform.h"
+
 #include <cstdint>
 
 // Float to int as the processor truncates: a value out of range (or NaN) gives
@@ -18,4 +20,10 @@ inline int WrapAdd(int a, int b) {
 
 inline int WrapSubtract(int a, int b) {
     return int(unsigned(a) - unsigned(b));
+}
+
+// A rectangle moved in by `inset` on every side (out for a negative one).
+inline tagRECT InsetRect(const tagRECT& rect, int inset) {
+    return tagRECT{WrapAdd(rect.left, inset), WrapAdd(rect.top, inset),
+                   WrapSubtract(rect.right, inset), WrapSubtract(rect.bottom, inset)};
 }

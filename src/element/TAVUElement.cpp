@@ -19,8 +19,10 @@
 namespace {
 const size_t kFullNameBuffer = 4096;
 
-// Elements whose Delete is under way, so that a script run by it cannot start
-// the same deletion again.
+// Elements whose deletion is under way, from Delete until the destructor has
+// taken them out of the manager's maps. Scripts run by the deletion (its own
+// "OnUnload" and its children's) can still find such an element by name or
+// ID, and must not be able to start the same deletion again.
 std::set<unsigned> g_ElementsBeingDeleted;
 
 // While no element has been destroyed, every element the frame walk holds is
@@ -72,15 +74,14 @@ void TAVUElement::ComposeFullName() {
 
 TAVUElement::~TAVUElement() {
     ++TAVUElementWatch::Destroyed;
-    g_ElementsBeingDeleted.erase(ID);
     if (Parent) Parent->OnNotify(this, TAVU_NOTIFY_CHILD_REMOVED, reinterpret_cast<size_t>(Name));
     if (g_UIManager.FocusElementID == ID) g_UIManager.FocusElementID = 0;
-    while (FirstChild) {
-        TAVUElement* child = FirstChild;
-        FirstChild = child->Next;
+    // Each child leaves the list before it goes, so that scripts run by the
+    // deletion see a consistent list of the children still to go.
+    while (TAVUElement* child = FirstChild) {
+        child->Unlink();
         child->Delete();
     }
-    LastChild = nullptr;
     g_pHost->InvalidatePersistentObject(g_UIManager.PersistentClass, this);
     g_UIManager.ElementsByID.erase(ID);
     g_UIManager.ElementsByName.erase(utf8stringnocase(StrLower(FullName)));
@@ -107,6 +108,8 @@ TAVUElement::~TAVUElement() {
         if (*script) (*script)->Delete();
         *script = nullptr;
     }
+    ForgetAsParentOfDeletions();
+    g_ElementsBeingDeleted.erase(ID);
     StrFree(AutoTooltip);
     StrFree(Type);
     StrFree(Name);
@@ -429,11 +432,29 @@ void TAVUElement::Delete() {
     }
     // "OnUnload" may ask for this same deletion again, or delete the parent.
     if (!g_ElementsBeingDeleted.insert(ID).second) return;
-    unsigned parentID = Parent ? Parent->ID : 0;
     if (OnUnload) OnUnload->Execute(0, nullptr);
-    if (parentID && !g_UIManager.FindElementByID(parentID)) Parent = nullptr;
     if (StorePosition) g_pHost->StoreElementPosition(this);
     factory->Deleter->Delete(this);
+}
+
+// An element being deleted has left its parent's list of children, so a
+// parent that a script deletes meanwhile cannot take it along or tell it. The
+// parent tells it here instead, so that it never climbs to a freed parent.
+void TAVUElement::ForgetAsParentOfDeletions() {
+    for (unsigned id : g_ElementsBeingDeleted) {
+        auto found = g_UIManager.ElementsByID.find(id);
+        if (found != g_UIManager.ElementsByID.end() && found->second &&
+            found->second->Parent == this)
+            found->second->Parent = nullptr;
+    }
+}
+
+bool TAVUElement::IsBeingDeleted() const {
+    return g_ElementsBeingDeleted.count(ID) != 0;
+}
+
+void TAVUElement::BeginDeletion() {
+    g_ElementsBeingDeleted.insert(ID);
 }
 
 TAVUElement* TAVUElement::FindUsableChild(const char* name, const char* type) {

@@ -105,6 +105,12 @@ public:
     void DeleteChild(TAVUElement* child);
     // Deletes this element through its factory, after "OnUnload".
     void Delete();
+    // From the start of Delete (or of the screen's teardown) until the element
+    // has left the manager's maps: a second deletion asked for then is ignored,
+    // and no element is loaded under it.
+    bool IsBeingDeleted() const;
+    // Marks an element that is deleted directly, not through Delete: the screen.
+    void BeginDeletion();
     TAVUElement* FindUsableChild(const char* name, const char* type);
     // The next (previous) element in depth-first order: the Tab order of focus.
     TAVUElement* Walk(bool onlyVisible, TAVUElement* stop);
@@ -234,6 +240,7 @@ private:
     static void DrawLineRecords(TAVUDrawRecord& record, _Line* lines, unsigned count,
                                 unsigned width);
     void Unlink();
+    void ForgetAsParentOfDeletions();
     void LinkAbove(TAVUElement* below);
     void SwapWithNext();
     bool ResolveValue(int& value, const ElementPosition& position, int parentSize);

@@ -42,13 +42,16 @@ bool TAVUElement::FillRect(tagRECT& rect, unsigned color) {
 
 // Top, left, right and bottom strips, in that order; the sides run between
 // the top and bottom strips.
+// Like all screen arithmetic the sums wrap: a border of any width, even one
+// wider than the rectangle, gives four rectangles and no overflow.
 bool TAVUElement::FillBorderStrips(const tagRECT& rect, unsigned width, unsigned color) {
-    LONG w = LONG(width);
+    int w = int(width);
+    tagRECT inside = InsetRect(rect, w);
     tagRECT strips[4] = {
-        {rect.left, rect.top, rect.right, rect.top + w},
-        {rect.left, rect.top + w, rect.left + w, rect.bottom - w},
-        {rect.right - w, rect.top + w, rect.right, rect.bottom - w},
-        {rect.left, rect.bottom - w, rect.right, rect.bottom},
+        {rect.left, rect.top, rect.right, inside.top},
+        {rect.left, inside.top, inside.left, inside.bottom},
+        {inside.right, inside.top, rect.right, inside.bottom},
+        {rect.left, inside.bottom, rect.right, rect.bottom},
     };
     bool result = true;
     for (tagRECT& strip : strips)
@@ -61,8 +64,7 @@ bool TAVUElement::FillRectBordered(tagRECT& rect, unsigned color, unsigned borde
     if (IsOffScreen(rect)) return true;
     if (borderWidth == 0) return g_pHost->FillRect(&rect, AdjustColorAlpha(color));
     FillBorderStrips(rect, borderWidth, AdjustColorAlpha(borderColor));
-    LONG w = LONG(borderWidth);
-    tagRECT inside{rect.left + w, rect.top + w, rect.right - w, rect.bottom - w};
+    tagRECT inside = InsetRect(rect, int(borderWidth));
     return g_pHost->FillRect(&inside, AdjustColorAlpha(color));
 }
 
@@ -162,8 +164,8 @@ namespace {
 // The three spans of one side cut at `edge` from both ends.
 void SplitSpan(LONG from, LONG to, LONG edge, LONG cuts[4]) {
     cuts[0] = from;
-    cuts[1] = from + edge;
-    cuts[2] = to - edge;
+    cuts[1] = WrapAdd(from, edge);
+    cuts[2] = WrapSubtract(to, edge);
     cuts[3] = to;
 }
 

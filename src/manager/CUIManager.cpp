@@ -12,6 +12,7 @@
 #include "XMLNode.h"
 
 #include <cstring>
+#include <new>
 
 // The manager exists before any element factory registers itself while the
 // module loads, so it is constructed first of all the module's globals.
@@ -84,9 +85,24 @@ void CUIManager::Shutdown() {
     RemoveScriptTypes();
     RemoveScriptAccess();
     IsShutDown = true;
-    delete Screen;
-    Screen = nullptr;
+    DeleteScreen();
     ClearTemplates();
+}
+
+// The screen stays the manager's Screen while its tree goes, so that the
+// "OnUnload" scripts that run meanwhile still find it; it is marked as being
+// deleted, which makes a second teardown asked for from one of those scripts
+// (a reset, or a shutdown during a reset) return at once instead of deleting
+// it again, and refuses new elements under it. The teardown under way ends
+// the same way either would: with no tree.
+bool CUIManager::DeleteScreen() {
+    if (Screen && Screen->IsBeingDeleted()) return false;
+    if (TAVUScreen* dying = Screen) {
+        dying->BeginDeletion();
+        delete dying;
+    }
+    Screen = nullptr;
+    return true;
 }
 
 unsigned CUIManager::GetVersion() {
@@ -144,9 +160,13 @@ void CUIManager::Render() {
     if (Screen->Visible) Screen->Render();
 }
 
+// A reset asked for while the tree is already being torn down does nothing:
+// the teardown under way leaves an empty screen (or, in a shutdown, none).
 void CUIManager::Reset() {
-    delete Screen;
-    Screen = new TAVUScreen();
+    bool wasShutDown = IsShutDown;
+    if (!DeleteScreen()) return;
+    if (IsShutDown && !wasShutDown) return; // shut down by a script of the tree
+    Screen = new (std::nothrow) TAVUScreen();
 }
 
 TAVUElement* CUIManager::FindElement(const char* fullName) {

@@ -162,7 +162,8 @@ private:
     // Takes a template out of the registry without deleting it.
     XMLNode* TakeTemplate(const char* name);
     XMLNode* OpenInterfaceFile(const char* file, XMLParser& parser);
-    void LoadEntry(TAVUElement* parent, XMLNode* entry, const char* elementName,
+    bool DeleteScreen();
+    bool LoadEntry(TAVUElement* parent, XMLNode* entry, const char* elementName,
                    const char* newName, bool reload);
     TAVUElement* CreateFromNode(TAVUElement* parent, const char* type, const char* name,
                                 XMLNode* node, const char* templateName, bool& failed);

@@ -15,6 +15,16 @@
 #include "XMLParser.h"
 
 namespace {
+// An "OnUnload" may load elements while its own element, an ancestor or the
+// whole screen is being torn down. Whatever it loaded there would be deleted
+// at once by the same teardown, running its own "OnUnload" again, which can
+// load again without end; so nothing is loaded under a parent on its way out.
+bool RefuseDyingParent(TAVUElement* parent, const char* name) {
+    if (!parent->IsBeingDeleted()) return false;
+    g_pHost->ConsolePrintf("Cannot load '%s' under '%s': it is being deleted", name, parent->Name);
+    return true;
+}
+
 bool IsElementNode(XMLNode* node) {
     return node && node->Type == XMLNode::Element;
 }
@@ -32,12 +42,9 @@ bool CUIManager::LoadInterfaceXML(TAVUElement* parent, const char* file, const c
     if (!contents) return false;
     TAVUSkin* savedSkin = CurrentSkin;
     if (skin) CurrentSkin = skin;
-    unsigned parentID = parent->ID;
     for (XMLNode* entry = contents->FirstChild; entry; entry = entry->Next) {
         if (!IsElementNode(entry)) continue;
-        // A script run by an earlier entry may have deleted the parent.
-        if (parent != Screen && !FindElementByID(parentID)) break;
-        LoadEntry(parent, entry, elementName, newName, reload);
+        if (!LoadEntry(parent, entry, elementName, newName, reload)) break;
     }
     RestoreSkin(savedSkin);
     return true;
@@ -78,28 +85,34 @@ XMLNode* CUIManager::OpenInterfaceFile(const char* file, XMLParser& parser) {
 
 // A reload deletes from the screen, even when the file loads under another
 // parent: an element elsewhere stays, and the new one then meets it.
-void CUIManager::LoadEntry(TAVUElement* parent, XMLNode* entry, const char* elementName,
+// Gives false when the parent is gone: the deletion of a reload, or a script
+// of an element loaded before, may delete it (or reset the whole screen).
+bool CUIManager::LoadEntry(TAVUElement* parent, XMLNode* entry, const char* elementName,
                            const char* newName, bool reload) {
     const char* name = NameOf(entry);
     if (StrCompareNoCase(entry->Name, "Template") == 0) {
         AddTemplate(name, entry);
-        return;
+        return true;
     }
     if (StrCompareNoCase(entry->Name, "Skin") == 0) {
         TAVUSkin* skin = NewSkin(name);
-        if (!skin) return;
+        if (!skin) return true;
         XMLNode* base = FindTemplate(XMLHelper::GetStringAttribute(entry, "Template", ""));
         if (!skin->FromXML(entry, base)) RemoveSkin(name);
-        return;
+        return true;
     }
     if (elementName) {
-        if (StrCompareNoCase(name, elementName) != 0) return;
+        if (StrCompareNoCase(name, elementName) != 0) return true;
         name = newName;
     }
+    unsigned parentID = parent->ID;
+    auto parentStays = [&] { return parent == Screen || FindElementByID(parentID); };
     if (reload) {
         if (TAVUElement* loaded = FindElement(name)) Screen->DeleteChild(loaded);
+        if (!parentStays()) return false;
     }
     LoadElement(parent, entry->Name, name, entry, nullptr);
+    return parentStays();
 }
 
 bool CUIManager::UnloadInterfaceXML(const char* file) {
@@ -115,6 +128,7 @@ bool CUIManager::UnloadInterfaceXML(const char* file) {
 
 TAVUElement* CUIManager::LoadElement(TAVUElement* parent, const char* type, const char* name) {
     if (!parent || !type || !name || !name[0]) return nullptr;
+    if (RefuseDyingParent(parent, name)) return nullptr;
     TAVUElementFactory* factory = FindFactory(type);
     if (!factory) {
         g_pHost->ConsolePrintf("No UI element factory for type '%s'", type);
@@ -145,6 +159,7 @@ TAVUElement* CUIManager::CreateFromNode(TAVUElement* parent, const char* type, c
                                         XMLNode* node, const char* templateName, bool& failed) {
     failed = true;
     if (!parent || !node || !type || !name || !name[0]) return nullptr;
+    if (RefuseDyingParent(parent, name)) return nullptr;
     TAVUElementFactory* factory = FindFactory(type);
     if (!factory) {
         // Unlike the other form, the type stands without quotes here.
