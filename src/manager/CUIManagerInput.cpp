@@ -113,8 +113,10 @@ bool CUIManager::PressButton(ButtonFields& button) {
     bool mayDoubleClick = true;
     for (;;) {
         id = element->ID;
-        float dx = float(MousePosition.x - LastClickPosition.x);
-        float dy = float(MousePosition.y - LastClickPosition.y);
+        // In floats: points at opposite ends of the int range are far apart,
+        // not an overflow (nor, wrapped, next to each other).
+        float dx = float(MousePosition.x) - float(LastClickPosition.x);
+        float dy = float(MousePosition.y) - float(LastClickPosition.y);
         bool doubleClick = id == button.ClickElementID &&
                            button.ClickTime + DoubleClickTime > LastInputTime &&
                            dx * dx + dy * dy < kDoubleClickDistanceSquared;

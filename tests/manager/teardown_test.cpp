@@ -4,6 +4,7 @@
 // twice, each "OnUnload" runs once, the tree that is left hangs together, and
 // the recursion ends. Run under AddressSanitizer, this is the memory check too.
 #include "ToolkitTest.h"
+#include "TreeChecks.h"
 
 #include "CUIManager.h"
 #include "TAVUElement.h"
@@ -11,56 +12,11 @@
 
 #include <map>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
 namespace {
 const char kFile[] = "teardown.xml";
-
-// Runs a command line the way the host would: through the commands the
-// toolkit registered, which are gone once it has shut down.
-int RunCommandLine(FakeHost& host, const std::string& line) {
-    std::vector<std::string> words;
-    std::istringstream stream(line);
-    for (std::string word; stream >> word;)
-        words.push_back(word);
-    if (words.empty()) return 0;
-    auto command = host.RegisteredCommands.find(words[0]);
-    if (command == host.RegisteredCommands.end()) return -1;
-    std::vector<char*> argv;
-    for (std::string& word : words)
-        argv.push_back(word.data());
-    return command->second(int(argv.size()), argv.data());
-}
-
-// The tree under the screen is linked both ways, every element in it is known
-// by its ID, and no element is known that is not in it.
-void ExpectConsistentTree() {
-    TAVUScreen* screen = g_UIManager.Screen;
-    ASSERT_NE(screen, nullptr);
-    std::set<unsigned> reachable{screen->ID};
-    std::vector<TAVUElement*> pending{screen};
-    while (!pending.empty()) {
-        TAVUElement* parent = pending.back();
-        pending.pop_back();
-        TAVUElement* previous = nullptr;
-        for (TAVUElement* child = parent->FirstChild; child; child = child->Next) {
-            EXPECT_EQ(child->Parent, parent) << child->FullName;
-            EXPECT_EQ(child->Previous, previous) << child->FullName;
-            EXPECT_EQ(g_UIManager.FindElementByID(child->ID), child) << child->FullName;
-            reachable.insert(child->ID);
-            pending.push_back(child);
-            previous = child;
-        }
-        EXPECT_EQ(parent->LastChild, previous) << parent->FullName;
-    }
-    for (const auto& [id, element] : g_UIManager.ElementsByID) {
-        if (element) {
-            EXPECT_TRUE(reachable.count(id)) << "unreachable " << element->FullName;
-        }
-    }
-}
 
 struct TeardownCase {
     const char* Outer;     // what starts the teardown
@@ -109,13 +65,13 @@ protected:
             EXPECT_EQ(++unloads[element->ID], 1) << "a second OnUnload of " << element->FullName;
             if (++runs > 50) return 0; // a runaway teardown fails below, not by hanging
             if (std::string(element->Name) == teardown.RunsInner)
-                RunCommandLine(Host, teardown.Inner);
+                Host.RunCommandLine(teardown.Inner);
             return 0;
         };
         if (std::string(teardown.Outer) == "shutdown")
             g_UIManager.Shutdown();
         else
-            RunCommandLine(Host, teardown.Outer);
+            Host.RunCommandLine(teardown.Outer);
         Host.OnExecuteAtom = nullptr;
         EXPECT_LE(runs, 50u) << "the teardown did not end";
         return runs;

@@ -246,7 +246,45 @@ int FakeHost::ExecuteAtom(unsigned atom, int reserved, int argc, char* argv[],
     for (int i = 0; i < argc; ++i)
         run.Args.push_back(argv[i] ? argv[i] : "");
     AtomRuns.push_back(run);
-    return OnExecuteAtom ? OnExecuteAtom(run) : 0;
+    if (OnExecuteAtom) return OnExecuteAtom(run);
+    if (RunsAtomCommands) RunAtomBody(run.Source);
+    return 0;
+}
+
+int FakeHost::RunCommandLine(const std::string& line) {
+    std::vector<std::string> words;
+    for (size_t at = 0; at < line.size();) {
+        size_t start = line.find_first_not_of(" \t\r", at);
+        if (start == std::string::npos) break;
+        size_t end = line.find_first_of(" \t\r", start);
+        if (end == std::string::npos) end = line.size();
+        words.push_back(line.substr(start, end - start));
+        at = end;
+    }
+    if (words.empty()) return 0;
+    auto command = RegisteredCommands.find(words[0]);
+    if (command == RegisteredCommands.end()) return -1;
+    std::vector<char*> argv;
+    for (std::string& word : words)
+        argv.push_back(word.data());
+    return command->second(int(argv.size()), argv.data());
+}
+
+// The body is what the toolkit wrapped in "atom auto(...)\n{\n...\n}\n".
+void FakeHost::RunAtomBody(const std::string& source) {
+    size_t open = source.find("{\n"), close = source.rfind("\n}");
+    if (open == std::string::npos || close == std::string::npos || close < open + 2) return;
+    if (AtomDepth >= kMaxAtomDepth) return;
+    ++AtomDepth;
+    std::string body = source.substr(open + 2, close - open - 2);
+    for (size_t at = 0; at <= body.size() && CommandBudget > 0;) {
+        size_t end = body.find('\n', at);
+        if (end == std::string::npos) end = body.size();
+        --CommandBudget;
+        RunCommandLine(body.substr(at, end - at));
+        at = end + 1;
+    }
+    --AtomDepth;
 }
 
 unsigned FakeHost::FindAtom(const char* name) {

@@ -102,6 +102,17 @@ public:
     std::vector<TAVUElement*> Stored;   // StoreElementPosition
     std::vector<TAVUElement*> Restored; // RestoreElementPosition
 
+    // Runs a line through the commands the toolkit registered, as a script
+    // would: -1 when its command is not (or no longer) registered.
+    int RunCommandLine(const std::string& line);
+    // With RunsAtomCommands set (and no OnExecuteAtom), an atom's body runs
+    // line by line through RunCommandLine, so that an interface file's events
+    // can load, reset and kill. Nested runs stop at kMaxAtomDepth; every line
+    // spends one of CommandBudget, and at 0 no more run.
+    static constexpr int kMaxAtomDepth = 8;
+    bool RunsAtomCommands = false;
+    long CommandBudget = 1000;
+
     // The calls of one name, and how many there were.
     std::vector<Call> CallsNamed(const std::string& name) const;
     size_t Count(const std::string& name) const;
@@ -178,6 +189,8 @@ private:
     std::string CompletedCommand;
     std::deque<std::string> TempBuffers; // stable addresses
     std::map<unsigned, _Point2i> TextureHandleSizes;
+    int AtomDepth = 0;
+    void RunAtomBody(const std::string& source);
 };
 
 // Text forms used in recorded arguments.
