@@ -15,9 +15,9 @@ struct MonkeyRun {
 };
 
 const MonkeyRun kRuns[] = {
-    {"examples/settings/settings.xml", 1},   {"examples/settings/settings.xml", 2},
-    {"tests/data/manager/layout.xml", 3},    {"tests/data/manager/widgets.xml", 4},
-    {"tests/data/manager/teardown.xml", 5},  {"tests/data/manager/messages.xml", 6},
+    {"examples/settings/settings.xml", 1},  {"examples/settings/settings.xml", 2},
+    {"tests/data/manager/layout.xml", 3},   {"examples/settings/settings.xml", 4},
+    {"tests/data/manager/teardown.xml", 5}, {"tests/data/manager/messages.xml", 6},
 };
 
 class Monkey : public ToolkitTest {};

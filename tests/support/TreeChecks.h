@@ -37,4 +37,3 @@ inline void ExpectConsistentTree() {
         }
     }
 }
-
