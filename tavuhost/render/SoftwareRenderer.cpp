@@ -135,6 +135,11 @@ bool SoftwareRenderer::OpenFont(unsigned handle, const std::string& name, int he
     return true;
 }
 
+std::string SoftwareRenderer::FontFamily(unsigned handle) const {
+    auto found = FontFaces.find(handle);
+    return found == FontFaces.end() ? "" : found->second->FamilyName();
+}
+
 bool SoftwareRenderer::MeasureText(unsigned font, const char* text, size_t& width) {
     auto found = FontFaces.find(font);
     if (found == FontFaces.end()) return false;

@@ -55,6 +55,8 @@ public:
     // False when the library has no face to give (or there is no library).
     bool OpenFont(unsigned handle, const std::string& name, int height, bool fixed, bool bold);
     void ReleaseFont(unsigned handle) { FontFaces.erase(handle); }
+    // The family of the face the system gave for a font; "" for no such font.
+    std::string FontFamily(unsigned handle) const;
     // The width of a text, the sum of its bytes' advances; false for an unknown font.
     bool MeasureText(unsigned font, const char* text, size_t& width);
     bool CharAdvance(unsigned font, unsigned char byte, int& advance);

@@ -6,6 +6,7 @@
 #include "ToolkitTest.h"
 #include "TreeChecks.h"
 
+#include <filesystem>
 #include <string>
 
 namespace {
@@ -39,6 +40,24 @@ TEST_F(Monkey, RandomInputLeavesAWholeTree) {
         ExpectConsistentTree();
         g_UIManager.Reset();
         Host.ClearRecords();
+    }
+}
+// Interface files that once crashed the toolkit (found by the interface
+// fuzzer or by hand), each shaken with teardowns as the fuzzer does.
+TEST_F(Monkey, FuzzRegressionsEndCleanly) {
+    std::string folder = std::string(TAVU_TEST_DATA_DIR) + "/manager/regress";
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        SCOPED_TRACE(entry.path().string());
+        Host.InterfaceFiles["fuzz.xml"] = entry.path().string();
+        Host.RunsAtomCommands = true;
+        Host.CommandBudget = 300;
+        EXPECT_TRUE(g_UIManager.LoadInterfaceXML("fuzz.xml", false, nullptr));
+        InputMonkey monkey(Host, 7);
+        monkey.Commands = {"UI -reload fuzz.xml", "UI -unload fuzz.xml", "UI -reset",
+                           "UIElement -kill {element}"};
+        monkey.Run(200);
+        ExpectConsistentTree();
+        g_UIManager.Reset();
     }
 }
 } // namespace
