@@ -168,6 +168,7 @@ private:
     TAVUElement* CreateFromNode(TAVUElement* parent, const char* type, const char* name,
                                 XMLNode* node, const char* templateName, bool& failed);
     void LoadChildren(TAVUElement* element, XMLNode* node, const char* templateName);
+    void LoadChildNodes(TAVUElement* element, XMLNode* children);
     TAVUElement* FinishLoad(TAVUElement* element);
     struct ButtonFields; // one mouse button's part of the input state
     ButtonFields LeftButton();

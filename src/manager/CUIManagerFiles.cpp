@@ -25,6 +25,21 @@ bool RefuseDyingParent(TAVUElement* parent, const char* name) {
     return true;
 }
 
+// An "OnLoad" may load another file, whose elements may load again: fine a
+// few levels deep, but a file whose element reloads that same file would
+// recurse until the stack runs out. Loads nested deeper than this are refused.
+class LoadNesting {
+public:
+    static constexpr int kMaxDepth = 16;
+    LoadNesting() { ++Depth; }
+    ~LoadNesting() { --Depth; }
+    bool TooDeep() const { return Depth > kMaxDepth; }
+
+private:
+    static int Depth;
+};
+int LoadNesting::Depth = 0;
+
 bool IsElementNode(XMLNode* node) {
     return node && node->Type == XMLNode::Element;
 }
@@ -37,6 +52,12 @@ const char* NameOf(XMLNode* node) {
 bool CUIManager::LoadInterfaceXML(TAVUElement* parent, const char* file, const char* elementName,
                                   const char* newName, bool reload, TAVUSkin* skin) {
     if (!parent) return false;
+    LoadNesting nesting;
+    if (nesting.TooDeep()) {
+        g_pHost->ConsolePrintf("Failed to load %s: loads nested more than %d deep",
+                               file ? file : "", LoadNesting::kMaxDepth);
+        return false;
+    }
     XMLParser parser;
     XMLNode* contents = OpenInterfaceFile(file, parser);
     if (!contents) return false;
@@ -186,9 +207,21 @@ TAVUElement* CUIManager::CreateFromNode(TAVUElement* parent, const char* type, c
 
 // A node's "Children" replace its template's whole.
 void CUIManager::LoadChildren(TAVUElement* element, XMLNode* node, const char* templateName) {
-    XMLNode* children = XMLHelper::GetChild(node, "Children");
-    if (!children) children = XMLHelper::GetChild(FindTemplate(templateName), "Children");
-    if (!children) return;
+    if (XMLNode* own = XMLHelper::GetChild(node, "Children")) {
+        LoadChildNodes(element, own);
+        return;
+    }
+    // A template's children are read from a copy: a child's "OnLoad" may load
+    // the template's file again, which replaces (and frees) the template.
+    XMLNode* shared = XMLHelper::GetChild(FindTemplate(templateName), "Children");
+    if (!shared) return;
+    XMLNode* copy = shared->Clone(nullptr);
+    if (!copy) return;
+    LoadChildNodes(element, copy);
+    copy->Destroy();
+}
+
+void CUIManager::LoadChildNodes(TAVUElement* element, XMLNode* children) {
     unsigned id = element->ID;
     for (XMLNode* child = children->FirstChild; child; child = child->Next) {
         if (!IsElementNode(child)) continue;

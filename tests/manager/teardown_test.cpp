@@ -88,7 +88,6 @@ TEST_F(Teardown, AnyTeardownFromInsideAnyOtherIsSafe) {
                 if (g_UIManager.IsShutDown) {
                     EXPECT_EQ(g_UIManager.Screen, nullptr);
                     ResetToolkit();
-                    ToolkitTest::SetUp();
                     SetUp();
                     continue;
                 }
@@ -97,6 +96,59 @@ TEST_F(Teardown, AnyTeardownFromInsideAnyOtherIsSafe) {
             }
         }
     }
+}
+
+// While a file loads, an "OnLoad" (of an element, or of a child that its
+// template gives it) reloads, unloads or resets: the template whose children
+// are being read is replaced, the parent being filled goes, the skin of the
+// load is replaced. The load stops where its parent went, and reads nothing
+// freed.
+TEST_F(Teardown, AnyTeardownFromAnOnLoadIsSafe) {
+    const std::string file = "teardown-template.xml";
+    Host.InterfaceFiles[file] = std::string(TAVU_TEST_DATA_DIR) + "/manager/" + file;
+    const char* const kInner[] = {"UI -reset",         "UI -reload {file}",
+                                  "UI -unload {file}", "UI -load {file}",
+                                  "UIElement -kill A", "UI -load -skin Look {file}"};
+    for (const char* inner : kInner) {
+        for (const char* runsInner : {"load A", "load C"}) {
+            std::string line = inner;
+            line.replace(line.find("{file}") == std::string::npos ? line.size()
+                                                                  : line.find("{file}"),
+                         line.find("{file}") == std::string::npos ? 0 : 6, file);
+            SCOPED_TRACE(line + " from " + runsInner);
+            size_t runs = 0;
+            Host.OnExecuteAtom = [&](const FakeHost::AtomRun& run) {
+                if (++runs <= 100 &&
+                    run.Source.find(std::string("{\n") + runsInner + "\n}") != std::string::npos)
+                    Host.RunCommandLine(line);
+                return 0;
+            };
+            Host.RunCommandLine("UI -load -skin Look " + file);
+            Host.RunCommandLine("UI -reload " + file);
+            Host.OnExecuteAtom = nullptr;
+            EXPECT_LE(runs, 100u) << "the load did not end";
+            ExpectConsistentTree();
+            g_UIManager.Reset();
+        }
+    }
+}
+
+TEST_F(Teardown, AFileWhoseElementReloadsItStopsSixteenLoadsDeep) {
+    const std::string file = "teardown-template.xml";
+    Host.InterfaceFiles[file] = std::string(TAVU_TEST_DATA_DIR) + "/manager/" + file;
+    Host.OnExecuteAtom = [&](const FakeHost::AtomRun& run) {
+        if (run.Source.find("{\nload A\n}") != std::string::npos)
+            Host.RunCommandLine("UI -reload " + file);
+        return 0;
+    };
+    EXPECT_TRUE(g_UIManager.LoadInterfaceXML(file.c_str(), false, nullptr));
+    Host.OnExecuteAtom = nullptr;
+    size_t refused = 0;
+    for (const std::string& line : Host.Console)
+        refused += line == "Failed to load " + file + ": loads nested more than 16 deep";
+    EXPECT_EQ(refused, 1u);
+    EXPECT_NE(g_UIManager.FindElement("C@A"), nullptr);
+    ExpectConsistentTree();
 }
 
 // The three first seen as crashes, each with what is left afterwards.
