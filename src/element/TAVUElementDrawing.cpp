@@ -41,9 +41,9 @@ bool TAVUElement::FillRect(tagRECT& rect, unsigned color) {
 }
 
 // Top, left, right and bottom strips, in that order; the sides run between
-// the top and bottom strips.
-// Like all screen arithmetic the sums wrap: a border of any width, even one
-// wider than the rectangle, gives four rectangles and no overflow.
+// the top and bottom strips. Like all screen arithmetic the sums wrap: a
+// border of any width, even one wider than the rectangle, gives four
+// rectangles and no overflow.
 bool TAVUElement::FillBorderStrips(const tagRECT& rect, unsigned width, unsigned color) {
     int w = int(width);
     tagRECT inside = InsetRect(rect, w);
