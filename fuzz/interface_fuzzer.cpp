@@ -82,9 +82,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         g_UIManager.Initialize();
         g_UIManager.LoadInterfaceXML("fuzz.xml", false, nullptr);
         InputMonkey monkey(host, SeedOf(data, size));
-        monkey.Commands = {"UI -reload fuzz.xml",       "UI -unload fuzz.xml",
-                           "UI -load fuzz.xml",         "UI -reset",
-                           "UIElement -kill {element}", "UIElement -toggle {element}"};
+        monkey.Commands = {"UI -reload fuzz.xml",
+                           "UI -unload fuzz.xml",
+                           "UI -load fuzz.xml",
+                           "UI -reset",
+                           "UI -load -parent {element} fuzz.xml",
+                           "UI -reload -parent {element} fuzz.xml",
+                           "UIElement -kill {element}",
+                           "UIElement -toggle {element}"};
         monkey.Run(60);
         if (g_UIManager.Screen) CheckTree(g_UIManager.Screen, 0);
         g_UIManager.Shutdown();
