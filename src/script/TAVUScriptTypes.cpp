@@ -5,6 +5,7 @@
 #include "TAVUElementType.h"
 #include "TAVUFontType.h"
 #include "TAVUFrameType.h"
+#include "TAVUTextType.h"
 #include "TAVUTextureType.h"
 #include "TavukitType.h"
 
@@ -57,7 +58,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavuslider", &pTAVUSliderType, nullptr, &pTAVUElementType},
     {"tavutab", &pTAVUTabType, nullptr, &pTAVUFrameType},
     {"tavutabcontrol", &pTAVUTabControlType, nullptr, &pTAVUFrameType},
-    {"tavutext", &pTAVUTextType, nullptr, &pTAVUElementType},
+    {"tavutext", &pTAVUTextType, TAVUTextType::Make, &pTAVUElementType},
     {"tavutextedit", &pTAVUTextEditType, nullptr, &pTAVUElementType},
     {"tavutextentry", &pTAVUTextEntryType, nullptr, &pTAVUElementType},
     {"tavutexture", &pTAVUTextureType, TAVUTextureType::Make, nullptr},
