@@ -7,6 +7,7 @@
 #include "TAVUFrameType.h"
 #include "TAVUTextType.h"
 #include "TAVUTextureType.h"
+#include "TAVUTooltipType.h"
 #include "TavukitType.h"
 
 RXTypeDefinition* pTAVUKitType = nullptr;
@@ -62,7 +63,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavutextedit", &pTAVUTextEditType, nullptr, &pTAVUElementType},
     {"tavutextentry", &pTAVUTextEntryType, nullptr, &pTAVUElementType},
     {"tavutexture", &pTAVUTextureType, TAVUTextureType::Make, nullptr},
-    {"tavutooltip", &pTAVUTooltipType, nullptr, &pTAVUFrameType},
+    {"tavutooltip", &pTAVUTooltipType, TAVUTooltipType::Make, &pTAVUFrameType},
     {"tavutreenode", &pTAVUTreeNodeType, nullptr, nullptr},
     {"tavutree", &pTAVUTreeType, nullptr, &pTAVUFrameType},
     {"tavuwindow", &pTAVUWindowType, nullptr, &pTAVUFrameType},

@@ -29,8 +29,8 @@ TEST_F(ScriptTypes, InitializeRegistersTheBuiltTypesInOrderWithTheirBases) {
         added.push_back(type->TypeName);
     EXPECT_EQ(added, (std::vector<std::string>{"tavukit", "tavuelement", "tavuframe", "tavubutton",
                                                "tavucheckbox", "tavufont", "tavutext",
-                                               "tavutexture"}));
-    EXPECT_EQ(Host.Count("SetPersistentClass"), 8u);
+                                               "tavutexture", "tavutooltip"}));
+    EXPECT_EQ(Host.Count("SetPersistentClass"), 9u);
     EXPECT_EQ(Host.RegisteredObjects.size(), 3u);
     EXPECT_EQ(Host.RegisteredCommands.count("UI"), 1u);
     g_UIManager.Shutdown();

@@ -2,6 +2,7 @@
 #include "TAVUScreen.h"
 #include "TAVUScriptTypes.h"
 #include "TAVUText.h"
+#include "TAVUTooltip.h"
 
 #include <string>
 #include <vector>
@@ -33,12 +34,17 @@ protected:
 
 TEST_F(TextTypes, EachTypeAnswersEveryNameOfItsTables) {
     auto* text = Make<TAVUText>("text", "T");
+    auto* tooltip = Make<TAVUTooltip>("tooltip", "Tip");
     EXPECT_EQ(text->GetRXType(), pTAVUTextType);
+    EXPECT_EQ(tooltip->GetRXType(), pTAVUTooltipType);
+    tooltip->Print("a line to read");
     ExpectAnswered(pTAVUTextType, text, {{"Text"}, {"Font"}, {"NumLines"}, {"Wrap"}},
                    {{"SetText", "x"},
                     {"SetHorizontalAlignment", "center"},
                     {"SetVerticalAlignment", "top"},
                     {"SetWrap", "1"}});
+    ExpectAnswered(pTAVUTooltipType, tooltip, {{"Font"}, {"Lines"}, {"Line", "1"}},
+                   {{"Print", "one"}, {"SetLine", "1", "two"}, {"Reset"}});
 }
 
 TEST_F(TextTypes, TextMembersAndMethods) {
@@ -90,4 +96,29 @@ TEST_F(TextTypes, AlignmentWordsAndTheVerticalMethodThatSetsTheHorizontalField) 
         EXPECT_EQ(text->VerticalAlignment, TAVU_ALIGN_TOP) << c.Method << " " << c.Word;
     }
     EXPECT_EQ(Method(pTAVUTextType, text, "SetVerticalAlignment"), 0); // required
+}
+
+TEST_F(TextTypes, TooltipLinesAreReadAndSetByNumberFromOne) {
+    auto* tooltip = Make<TAVUTooltip>("tooltip", "Hint");
+    EXPECT_EQ(Method(pTAVUTooltipType, tooltip, "Print", {"first\nsecond ${X}"}), 1);
+    EXPECT_EQ(Member(pTAVUTooltipType, tooltip, "Lines"), 1);
+    EXPECT_EQ(ResultText(), "2");
+    EXPECT_EQ(Member(pTAVUTooltipType, tooltip, "Line", {"2"}), 1);
+    EXPECT_EQ(ResultText(), "second ${X}"); // the raw text
+    for (const char* outside : {"0", "3", "-1", "x"})
+        EXPECT_EQ(Member(pTAVUTooltipType, tooltip, "Line", {outside}), 0) << outside;
+    EXPECT_EQ(Member(pTAVUTooltipType, tooltip, "Line"), 0);
+
+    EXPECT_EQ(Method(pTAVUTooltipType, tooltip, "SetLine", {"1", "changed"}), 1);
+    EXPECT_STREQ(tooltip->GetLine(1)->Text, "changed");
+    EXPECT_EQ(Method(pTAVUTooltipType, tooltip, "SetLine", {"1"}), 0); // needs both
+    EXPECT_EQ(Method(pTAVUTooltipType, tooltip, "SetLine", {"3", "x"}), 0);
+    EXPECT_EQ(Method(pTAVUTooltipType, tooltip, "Print"), 0);
+
+    EXPECT_EQ(Method(pTAVUTooltipType, tooltip, "Reset"), 1);
+    EXPECT_EQ(Member(pTAVUTooltipType, tooltip, "Lines"), 1);
+    EXPECT_EQ(ResultText(), "0");
+    EXPECT_EQ(Member(pTAVUTooltipType, tooltip, "Line", {"1"}), 0);
+    EXPECT_EQ(Method(pTAVUTooltipType, tooltip, "SetBorder", {"3"}), 1); // tavuframe's
+    EXPECT_EQ(tooltip->Border, 3u);
 }
