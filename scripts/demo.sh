@@ -20,7 +20,17 @@ echo
 echo "== A script clicks through the panel; its event scripts echo what happens =="
 build/linux/bin/tavuhost "$panel" --script examples/settings/demo.tss
 
+# The gallery: one panel per family of controls, each painted into a picture
+# and driven by the script of the same name.
+for gallery in examples/gallery/*.xml; do
+    name=$(basename "$gallery" .xml)
+    echo
+    echo "== Gallery: $name =="
+    build/linux/bin/tavuhost "$gallery" --png "build/demo/$name.png" \
+        --script "examples/gallery/$name.tss"
+done
+
 echo
-echo "Wrote $(pwd)/build/demo/settings.png: open it with any image viewer."
-echo "To click, type into and resize the panel in a window (needs a display):"
+echo "Wrote the pictures in $(pwd)/build/demo: open them with any image viewer."
+echo "To click, type into and resize a panel in a window (needs a display):"
 echo "  build/linux/bin/tavuhost --window $panel"

@@ -9,6 +9,7 @@
 #include "TAVUElementWatch.h"
 #include "TAVUEmbeddedScript.h"
 #include "TAVUScriptTypes.h"
+#include "TAVUTooltip.h"
 
 #include <cmath>
 #include <cstdint>
@@ -165,9 +166,10 @@ void TAVUElement::Render() {
 }
 
 // The auto tooltip: the one "Auto Tooltip" element shows an element's
-// AutoTooltip text once the pointer has rested on it for TooltipDelay. It
-// needs the tooltip control, which fills this in; until then there is none.
-void TAVUElement::ShowAutoTooltip() {}
+// AutoTooltip text once the pointer has rested on it for TooltipDelay.
+void TAVUElement::ShowAutoTooltip() {
+    TAVUTooltip::UpdateAutoTooltip(this);
+}
 
 // Bottom to top. A script may delete anything while it runs, so each child is
 // found again by its ID after "OnRender" and after drawing; a child that has

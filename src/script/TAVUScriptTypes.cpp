@@ -5,7 +5,9 @@
 #include "TAVUElementType.h"
 #include "TAVUFontType.h"
 #include "TAVUFrameType.h"
+#include "TAVUTextType.h"
 #include "TAVUTextureType.h"
+#include "TAVUTooltipType.h"
 #include "TavukitType.h"
 
 RXTypeDefinition* pTAVUKitType = nullptr;
@@ -57,11 +59,11 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavuslider", &pTAVUSliderType, nullptr, &pTAVUElementType},
     {"tavutab", &pTAVUTabType, nullptr, &pTAVUFrameType},
     {"tavutabcontrol", &pTAVUTabControlType, nullptr, &pTAVUFrameType},
-    {"tavutext", &pTAVUTextType, nullptr, &pTAVUElementType},
+    {"tavutext", &pTAVUTextType, TAVUTextType::Make, &pTAVUElementType},
     {"tavutextedit", &pTAVUTextEditType, nullptr, &pTAVUElementType},
     {"tavutextentry", &pTAVUTextEntryType, nullptr, &pTAVUElementType},
     {"tavutexture", &pTAVUTextureType, TAVUTextureType::Make, nullptr},
-    {"tavutooltip", &pTAVUTooltipType, nullptr, &pTAVUFrameType},
+    {"tavutooltip", &pTAVUTooltipType, TAVUTooltipType::Make, &pTAVUFrameType},
     {"tavutreenode", &pTAVUTreeNodeType, nullptr, nullptr},
     {"tavutree", &pTAVUTreeType, nullptr, &pTAVUFrameType},
     {"tavuwindow", &pTAVUWindowType, nullptr, &pTAVUFrameType},

@@ -28,8 +28,9 @@ TEST_F(ScriptTypes, InitializeRegistersTheBuiltTypesInOrderWithTheirBases) {
     for (RXTypeDefinition* type : Host.Types)
         added.push_back(type->TypeName);
     EXPECT_EQ(added, (std::vector<std::string>{"tavukit", "tavuelement", "tavuframe", "tavubutton",
-                                               "tavucheckbox", "tavufont", "tavutexture"}));
-    EXPECT_EQ(Host.Count("SetPersistentClass"), 7u);
+                                               "tavucheckbox", "tavufont", "tavutext",
+                                               "tavutexture", "tavutooltip"}));
+    EXPECT_EQ(Host.Count("SetPersistentClass"), 9u);
     EXPECT_EQ(Host.RegisteredObjects.size(), 3u);
     EXPECT_EQ(Host.RegisteredCommands.count("UI"), 1u);
     g_UIManager.Shutdown();

@@ -1,0 +1,14 @@
+// "tavutext": the script type of TAVUText.
+#pragma once
+
+#include "TAVUControlType.h"
+
+class TAVU_API TAVUTextType : public TAVUControlType {
+public:
+    TAVUTextType();
+    bool GetMember(RXObjectData& object, _RXTypeMember* member, int argc, char* argv[],
+                   _RXTypeVar& result) override;
+    bool GetMethod(RXObjectData& object, _RXTypeMember* method, int argc, char* argv[]) override;
+
+    static RXTypeDefinition* Make();
+};
