@@ -76,6 +76,9 @@ void TAVUElement::ComposeFullName() {
 TAVUElement::~TAVUElement() {
     ++TAVUElementWatch::Destroyed;
     if (Parent) Parent->OnNotify(this, TAVU_NOTIFY_CHILD_REMOVED, reinterpret_cast<size_t>(Name));
+    // DeleteChild has unlinked it already; an element that a module deleted
+    // through Delete alone leaves its parent's list here, not as a dangling link.
+    Unlink();
     if (g_UIManager.FocusElementID == ID) g_UIManager.FocusElementID = 0;
     // Each child leaves the list before it goes, so that scripts run by the
     // deletion see a consistent list of the children still to go.

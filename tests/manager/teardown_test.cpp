@@ -151,6 +151,19 @@ TEST_F(Teardown, AFileWhoseElementReloadsItStopsSixteenLoadsDeep) {
     ExpectConsistentTree();
 }
 
+TEST_F(Teardown, AnElementDeletedThroughDeleteAloneLeavesItsParentsList) {
+    TAVUElement* parent = MakeElement("Parent");
+    MakeElement("First", parent);
+    TAVUElement* middle = MakeElement("Middle", parent);
+    TAVUElement* last = MakeElement("Last", parent);
+    middle->Delete();
+    EXPECT_EQ(parent->FirstChild->Next, last);
+    EXPECT_EQ(last->Previous, parent->FirstChild);
+    last->Delete();
+    EXPECT_EQ(parent->LastChild, parent->FirstChild);
+    ExpectConsistentTree();
+}
+
 // The three first seen as crashes, each with what is left afterwards.
 TEST_F(Teardown, AResetFromTheResetsOwnUnloadIsIgnored) {
     Run({"UI -reset", "UI -reset", "a"});
