@@ -112,34 +112,26 @@ TEST(RXTypeDefinition, TypeNameIsCutTo31Characters) {
     EXPECT_STREQ("abcdefghijklmnopqrstuvwxyz01234", type.TypeName);
     EXPECT_STREQ("abcdefghijklmnopqrstuvwxyz01234", type.GetName());
     EXPECT_EQ(&type, type.GetVariableType());
-    EXPECT_EQ(1u, type.NextMemberID);
-    EXPECT_EQ(1u, type.NextMethodID);
 }
 
-TEST(RXTypeDefinition, ExplicitIdsRaiseTheNextAutomaticId) {
+TEST(RXTypeDefinition, ExplicitIdsRaiseTheNextAutomaticIdAndNamesMatchExactly) {
     RXTypeDefinition type("t");
-    EXPECT_TRUE(type.AddMember(0, "Zero", nullptr));
-    EXPECT_TRUE(type.AddMember(1, "One", nullptr));
-    EXPECT_TRUE(type.AddMember(3, "Three", nullptr));
+    EXPECT_EQ(1u, type.NextMemberID);
+    for (uint32_t id : {0, 1, 3})
+        EXPECT_TRUE(type.AddMember(id, ("M" + std::to_string(id)).c_str(), nullptr)) << id;
     EXPECT_EQ(4u, type.NextMemberID);
-    // A lower ID registered afterwards leaves the counter alone.
-    EXPECT_TRUE(type.AddMember(2, "Two", nullptr));
-    EXPECT_EQ(4u, type.NextMemberID);
+    EXPECT_TRUE(type.AddMember(2, "M2", nullptr)) << "a lower ID leaves the counter alone";
     EXPECT_TRUE(type.AddMember("Auto", nullptr));
     EXPECT_EQ(4u, MemberChain(type, "Auto")->ID);
     EXPECT_EQ(5u, type.NextMemberID);
     EXPECT_EQ(1u, type.NextMethodID) << "members and methods count separately";
-}
-
-TEST(RXTypeDefinition, OneNameCannotBeAddedTwiceWithOneHandler) {
-    RXTypeDefinition type("t");
-    EXPECT_TRUE(type.AddMember(5, "X", nullptr));
-    EXPECT_FALSE(type.AddMember(5, "X", nullptr));
-    EXPECT_FALSE(type.AddMember(9, "X", nullptr));
-    EXPECT_EQ(1u, type.Members.Count());
-    EXPECT_EQ(1u, type.MemberNames.size());
-    EXPECT_EQ(1, ChainLength(MemberChain(type, "X")));
-    EXPECT_EQ(5u, MemberChain(type, "X")->ID);
+    EXPECT_TRUE(type.AddMember(7, "m2", nullptr)) << "another case is another name";
+    EXPECT_EQ(7u, MemberChain(type, "m2")->ID);
+    // One name with one handler is refused a second time, whatever the ID.
+    EXPECT_FALSE(type.AddMember(2, "M2", nullptr));
+    EXPECT_FALSE(type.AddMember(9, "M2", nullptr));
+    EXPECT_EQ(1, ChainLength(MemberChain(type, "M2")));
+    EXPECT_EQ(6u, type.MemberNames.size());
 }
 
 TEST(RXTypeDefinition, SameNameWithOtherHandlersFormsAChainWithTheNewestFirst) {
