@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -54,43 +55,42 @@ protected:
         g_UIManager.Render(); // the screen takes the display's size
         Host.ClearRecords();
     }
+    // A font's request as "name height colour", with " bold" and " fixed".
+    static std::string Fields(const TAVUFont& font) {
+        char text[160];
+        snprintf(text, sizeof(text), "%s %u %08X%s%s", font.Name, font.Height, font.Color,
+                 font.Bold ? " bold" : "", font.Fixed ? " fixed" : "");
+        return text;
+    }
     FontOwner* Owner = nullptr;
 };
 
 TEST_F(Font, TheConstructorsFillWhatTheRequestLeavesOpen) {
     Owned<TAVUFont> plain{TAVUFont::New(Owner, nullptr, 14, true, false)};
-    EXPECT_STREQ(plain->Name, "");
-    EXPECT_EQ(plain->Color, 0xFFFFFFFFu);
+    EXPECT_EQ(Fields(*plain.Font), " 14 FFFFFFFF fixed");
     EXPECT_EQ(plain->Element, Owner);
 
     // A node fills the open parts: "Name" as a value, "Color" and "Size" as attributes.
     Document node(R"(<Font Color="FF102030" Size="18"><Name>Serif</Name></Font>)");
     _CreateFont open{nullptr, 0, 0, true, false};
     Owned<TAVUFont> fromNode{TAVUFont::New(Owner, open, node.Node())};
-    EXPECT_STREQ(fromNode->Name, "Serif");
-    EXPECT_EQ(fromNode->Color, 0xFF102030u);
-    EXPECT_EQ(fromNode->Height, 18u);
+    EXPECT_EQ(Fields(*fromNode.Font), "Serif 18 FF102030 bold");
     _CreateFont given{"Mono", 9, 0xFF0000FF, false, true};
     Owned<TAVUFont> requested{TAVUFont::New(Owner, given, node.Node())};
-    EXPECT_STREQ(requested->Name, "Mono");
-    EXPECT_EQ(requested->Color, 0xFF0000FFu);
-    EXPECT_EQ(requested->Height, 9u);
+    EXPECT_EQ(Fields(*requested.Font), "Mono 9 FF0000FF fixed");
     Owned<TAVUFont> withoutNode{TAVUFont::New(Owner, open, nullptr)};
     EXPECT_EQ(withoutNode->Color, 0xFFFFFFFFu);
 
     fromNode->Color = 0;
     ASSERT_TRUE(fromNode->Prepare());
     Owned<TAVUFont> copy{TAVUFont::New(nullptr, *fromNode.Font)};
-    EXPECT_STREQ(copy->Name, "Serif");
-    EXPECT_EQ(copy->Color, 0u); // a black copy stays black
-    EXPECT_TRUE(copy->Bold);
+    EXPECT_EQ(Fields(*copy.Font), "Serif 18 00000000 bold"); // a black copy stays black
     EXPECT_EQ(copy->Font, 0u);
 
     Owned<TAVUFixedFont> fixedCopy{TAVUFixedFont::New(Owner, *withoutNode.Font)};
     EXPECT_TRUE(fixedCopy->Fixed);
     Owned<TAVUFixedFont> fixedRequest{TAVUFixedFont::New(Owner, open, node.Node())};
-    EXPECT_TRUE(fixedRequest->Fixed);
-    EXPECT_STREQ(fixedRequest->Name, "Serif");
+    EXPECT_EQ(Fields(*fixedRequest.Font), "Serif 18 FF102030 bold fixed");
 }
 
 TEST_F(Font, PreparingAsksTheHostOnceAndAFixedFontAlwaysAsksForFixedPitch) {
@@ -259,36 +259,24 @@ TEST_F(Font, HandlesGoBackOnceAndNeverAfterShutdown) {
 }
 
 TEST_F(Font, ReadingFromXMLInheritsFromTheTemplateOrTheDefaultFont) {
-    Owned<TAVUFont> none{TAVUFont::NewFromXML(Owner, nullptr)};
-    EXPECT_STREQ(none->Name, "");
-    EXPECT_EQ(none->Height, 12u);
-    EXPECT_EQ(none->Color, 0xFFFFFFFFu);
-    EXPECT_FALSE(none->Fixed);
-
+    EXPECT_EQ(Fields(*Owned<TAVUFont>{TAVUFont::NewFromXML(Owner, nullptr)}.Font), " 12 FFFFFFFF");
     g_UIManager.AddTemplate("Title Font", R"(<Template><Name>Serif</Name><Size>24</Size>
         <Bold/><Color>FFAA0000</Color></Template>)");
     Document titled(R"(<Font Template="title font"><Size>30</Size><Fixed>1</Fixed></Font>)");
     Owned<TAVUFont> title{TAVUFont::NewFromXML(Owner, titled.Node())};
-    EXPECT_STREQ(title->Name, "Serif");
-    EXPECT_EQ(title->Height, 30u);
-    EXPECT_TRUE(title->Bold);
-    EXPECT_TRUE(title->Fixed);
-    EXPECT_EQ(title->Color, 0xFFAA0000u);
+    EXPECT_EQ(Fields(*title.Font), "Serif 30 FFAA0000 bold fixed");
     EXPECT_EQ(title->Element, Owner);
 
+    // No colour anywhere: invisible text; the size is a byte.
     Document plain(R"(<Font Template="unknown"><Size>300</Size></Font>)");
-    Owned<TAVUFont> noColor{TAVUFont::NewFromXML(Owner, plain.Node())};
-    EXPECT_EQ(noColor->Color, 0u); // no colour anywhere: invisible text
-    EXPECT_EQ(noColor->Height, 300u & 0xFF);
-
+    EXPECT_EQ(Fields(*Owned<TAVUFont>{TAVUFont::NewFromXML(Owner, plain.Node())}.Font),
+              " 44 00000000");
     g_UIManager.AddTemplate("Default Font", R"(<Template><Name>Body</Name><Fixed/></Template>)");
-    Owned<TAVUFont> byDefault{TAVUFont::NewFromXML(Owner, plain.Node())};
-    EXPECT_STREQ(byDefault->Name, "Body");
-    EXPECT_TRUE(byDefault->Fixed);
+    EXPECT_EQ(Fields(*Owned<TAVUFont>{TAVUFont::NewFromXML(Owner, plain.Node())}.Font),
+              "Body 44 00000000 fixed");
 
-    Owned<TAVUFixedFont> fixedNone{TAVUFixedFont::NewFromXML(Owner, nullptr)};
-    EXPECT_EQ(fixedNone->Height, 12u);
-    EXPECT_TRUE(fixedNone->Fixed);
+    EXPECT_EQ(Fields(*Owned<TAVUFixedFont>{TAVUFixedFont::NewFromXML(Owner, nullptr)}.Font),
+              " 12 FFFFFFFF fixed");
     Document notFixed(R"(<Font><Fixed>0</Fixed><Color>FF00FF00</Color></Font>)");
     Owned<TAVUFixedFont> console{TAVUFixedFont::NewFromXML(Owner, notFixed.Node())};
     EXPECT_TRUE(console->Fixed); // no "Fixed" key for a fixed font
