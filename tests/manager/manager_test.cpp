@@ -7,14 +7,6 @@
 #include <string>
 #include <vector>
 
-namespace {
-std::vector<std::string> Lines(const std::vector<FakeHost::Call>& calls) {
-    std::vector<std::string> lines;
-    for (const auto& call : calls)
-        lines.push_back(call.Line());
-    return lines;
-}
-} // namespace
 
 TEST(ManagerConstruction, StartsWithItsDefaults) {
     ResetToolkit();
@@ -30,26 +22,6 @@ TEST(ManagerConstruction, StartsWithItsDefaults) {
     EXPECT_EQ(g_UIManager.Screen, nullptr);
     g_UIManager.Shutdown(); // constructed state: nothing happens, nothing is touched
     EXPECT_FALSE(g_UIManager.IsShutDown);
-}
-
-TEST(ManagerInitialize, AsksForHostTypesThenPersistentClassAndMakesTheScreen) {
-    ResetToolkit();
-    FakeHost host;
-    F1(&host);
-    host.ClearRecords();
-    g_UIManager.Initialize();
-    std::vector<std::string> expected = {
-        "FindType \"string\"",   "FindType \"int\"",   "FindType \"int64\"",
-        "FindType \"bool\"",     "FindType \"float\"", "FindType \"point3f\"",
-        "FindType \"filepath\"", "FindType \"uint\"",  "RegisterPersistentClass \"Tavukit\""};
-    std::vector<std::string> lines = Lines(host.Calls);
-    ASSERT_GE(lines.size(), expected.size());
-    EXPECT_EQ(std::vector<std::string>(lines.begin(), lines.begin() + expected.size()), expected);
-    EXPECT_EQ(g_UIManager.PersistentClass, 7u);
-    ASSERT_NE(g_UIManager.Screen, nullptr);
-    EXPECT_EQ(g_UIManager.FindElement("screen"), g_UIManager.Screen);
-    g_UIManager.Shutdown();
-    ResetToolkit();
 }
 
 class Manager : public ToolkitTest {};

@@ -132,14 +132,12 @@ TEST(KeyNames, NamesAndCodesGoBothWays) {
     }
     for (const char* bad : {"", "F0", "F25", "F1x", "Enterprise", "99999"})
         EXPECT_FALSE(KeyNames::CodeOf(bad, code)) << bad;
-
+    for (const Named& key : {Named{"Enter", 0x0D}, Named{"F2", 0x71}, Named{"Q", 'Q'}}) {
+        std::string name;
+        ASSERT_TRUE(KeyNames::NameOf(key.Code, name)) << key.Word;
+        EXPECT_EQ(key.Word, name);
+    }
     std::string name;
-    ASSERT_TRUE(KeyNames::NameOf(0x0D, name));
-    EXPECT_EQ("Enter", name);
-    ASSERT_TRUE(KeyNames::NameOf(0x71, name));
-    EXPECT_EQ("F2", name);
-    ASSERT_TRUE(KeyNames::NameOf('Q', name));
-    EXPECT_EQ("Q", name);
     EXPECT_FALSE(KeyNames::NameOf(0xFFFF, name));
 }
 
@@ -165,21 +163,6 @@ TEST(KeyNames, TypingACharacterPicksItsKeyAndShift) {
     EXPECT_FALSE(KeyNames::KeyFor('\0', code, shift));
 }
 
-TEST(ImageSize, ReadsTheHeadersOfTextureFiles) {
-    int32_t width = 0, height = 0;
-    ASSERT_TRUE(ImageSize::Read((DataFolder + "/textures/red3x2.png").c_str(), width, height));
-    EXPECT_EQ(3, width);
-    EXPECT_EQ(2, height);
-    ASSERT_TRUE(ImageSize::Read((DataFolder + "/textures/green5x4.bmp").c_str(), width, height));
-    EXPECT_EQ(5, width);
-    EXPECT_EQ(4, height);
-    ASSERT_TRUE(ImageSize::Read((DataFolder + "/textures/blue7x6.tga").c_str(), width, height));
-    EXPECT_EQ(7, width);
-    EXPECT_EQ(6, height);
-    EXPECT_FALSE(ImageSize::Read((DataFolder + "/no-such.png").c_str(), width, height));
-    EXPECT_FALSE(ImageSize::Read(nullptr, width, height));
-}
-
 TEST(ImageSize, RefusesTruncatedAndImpossibleHeaders) {
     const unsigned char pngStart[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n', 0, 0,
                                       0,    13,  'I', 'H', 'D',  'R',  0,    0,    0, 3};
@@ -193,6 +176,7 @@ TEST(ImageSize, RefusesTruncatedAndImpossibleHeaders) {
     EXPECT_FALSE(ImageSize::Parse(hugePng, sizeof(hugePng), width, height)) << "beyond int32";
     const unsigned char text[] = "just some text, not an image";
     EXPECT_FALSE(ImageSize::Parse(text, sizeof(text), width, height));
+    EXPECT_FALSE(ImageSize::Read(nullptr, width, height));
     EXPECT_EQ(-1, width) << "a refused header leaves the outputs alone";
     unsigned char topDown[26] = {'B', 'M'};
     topDown[18] = 8;
@@ -232,21 +216,27 @@ TEST_F(HeadlessHostTest, TextMeasuresSevenPixelsAByte) {
 }
 
 TEST_F(HeadlessHostTest, TexturesReportTheSizeOfTheirImage) {
-    unsigned png = Host.AcquireTexture("textures/red3x2.png", 0);
-    unsigned tga = Host.AcquireTexture((DataFolder + "/textures/blue7x6.tga").c_str(), 0xFF00FF00);
-    unsigned text = Host.AcquireTexture("flow.tss", 0);
-    EXPECT_EQ(2u, png) << "handle 1 is the mark of an untextured line";
-    EXPECT_EQ(3u, tga);
+    const struct {
+        std::string File;
+        int Width, Height;
+    } images[] = {{"textures/red3x2.png", 3, 2},
+                  {"textures\\green5x4.bmp", 5, 4},
+                  {DataFolder + "/textures/blue7x6.tga", 7, 6}};
+    unsigned expected = 2; // handle 1 is the mark of an untextured line
+    for (const auto& image : images) {
+        unsigned handle = Host.AcquireTexture(image.File.c_str(), 0xFF00FF00);
+        EXPECT_EQ(expected++, handle) << image.File;
+        _Point2i size{0, 0};
+        ASSERT_TRUE(Host.GetTextureSize(handle, size)) << image.File;
+        EXPECT_EQ(image.Width, size.x) << image.File;
+        EXPECT_EQ(image.Height, size.y) << image.File;
+    }
     EXPECT_EQ(0u, Host.AcquireTexture("textures/missing.png", 0));
     _Point2i size{0, 0};
-    ASSERT_TRUE(Host.GetTextureSize(png, size));
-    EXPECT_EQ(3, size.x);
-    EXPECT_EQ(2, size.y);
-    ASSERT_TRUE(Host.GetTextureSize(tga, size));
-    EXPECT_EQ(7, size.x);
+    unsigned text = Host.AcquireTexture("flow.tss", 0);
     EXPECT_FALSE(Host.GetTextureSize(text, size)) << "a readable file that is no image";
-    Host.ReleaseTexture(png);
-    EXPECT_FALSE(Host.GetTextureSize(png, size));
+    Host.ReleaseTexture(2);
+    EXPECT_FALSE(Host.GetTextureSize(2, size));
 }
 
 TEST_F(HeadlessHostTest, FilesAreFoundInTheSearchFoldersWithinTheCallersBuffer) {
