@@ -269,10 +269,8 @@ TEST_F(Element, ANegativeParentSizeCountsAsUnsigned) {
 }
 
 TEST_F(Element, HitTestIncludesEdgesAndHonoursCircleShapes) {
-    TAVUElement* button = MakeElement("Round");
+    TAVUElement* button = MakeBox("Round", 0, 0, 100, 40);
     button->AbsolutePosition = {100, 100};
-    button->Width = 100;
-    button->Height = 40;
     const struct {
         const char* Shape;
         int X, Y;
@@ -309,12 +307,8 @@ TEST_F(Element, ColourCodesAreSkippedWithoutReadingPastTheText) {
 }
 
 TEST_F(Element, CenterShiftsTheUnsignedDifference) {
-    TAVUElement* panel = MakeElement("Panel");
-    panel->Width = 300;
-    panel->Height = 100;
-    TAVUElement* box = MakeElement("Box", panel);
-    box->Width = 100;
-    box->Height = 40;
+    TAVUElement* panel = MakeBox("Panel", 0, 0, 300, 100);
+    TAVUElement* box = MakeBox("Box", 0, 0, 100, 40, panel);
     box->Center();
     EXPECT_EQ(box->X, 100);
     EXPECT_EQ(box->Y, 30);

@@ -89,14 +89,8 @@ TEST_F(Events, AnElementThatDeletesItselfInItsClickSurvivesUntilTheScriptEnds) {
 }
 
 TEST_F(Events, MouseOverFollowsThePointerWithExitBeforeEnter) {
-    TAVUElement* panel = MakeElement("Panel");
-    panel->Width = 100;
-    panel->Height = 100;
-    TAVUElement* button = MakeElement("Button", panel);
-    button->X = 10;
-    button->Y = 10;
-    button->Width = 20;
-    button->Height = 20;
+    TAVUElement* panel = MakeBox("Panel", 0, 0, 100, 100);
+    TAVUElement* button = MakeBox("Button", 10, 10, 20, 20, panel);
     button->OnMouseEnterScript = Script(button, "enter");
     button->OnMouseExitScript = Script(button, "exit", "");
     g_UIManager.Render(); // absolute positions
@@ -117,12 +111,8 @@ TEST_F(Events, MouseOverFollowsThePointerWithExitBeforeEnter) {
 }
 
 TEST_F(Events, HitSearchPrefersTheTopChildAndCanContinueBehindOne) {
-    TAVUElement* bottom = MakeElement("Bottom");
-    TAVUElement* top = MakeElement("Top");
-    for (TAVUElement* element : {bottom, top}) {
-        element->Width = 50;
-        element->Height = 50;
-    }
+    TAVUElement* bottom = MakeBox("Bottom", 0, 0, 50, 50);
+    TAVUElement* top = MakeBox("Top", 0, 0, 50, 50);
     g_UIManager.Render();
     _Point2i point{10, 10};
     TAVUElement* screen = g_UIManager.Screen;
@@ -144,9 +134,7 @@ TEST_F(Events, ThePressedElementHoldsTheMouseUntilItGoes) {
 }
 
 TEST_F(Events, AnElementThatDeletesItselfOnMouseEnterIsForgotten) {
-    TAVUElement* shy = MakeElement("Shy");
-    shy->Width = 50;
-    shy->Height = 50;
+    TAVUElement* shy = MakeBox("Shy", 0, 0, 50, 50);
     shy->OnMouseEnterScript = Script(shy, "vanish");
     Host.OnExecuteAtom = [&](const FakeHost::AtomRun&) {
         g_UIManager.Screen->DeleteChild(shy);

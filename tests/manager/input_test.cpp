@@ -9,14 +9,6 @@
 
 class Input : public ToolkitTest {
 protected:
-    TAVUElement* Box(const char* name, int x, int y, int w, int h, TAVUElement* parent = nullptr) {
-        TAVUElement* element = MakeElement(name, parent);
-        element->X = x;
-        element->Y = y;
-        element->Width = w;
-        element->Height = h;
-        return element;
-    }
     void On(TAVUEmbeddedScript*& field, TAVUElement* element, const char* source,
             const char* arguments = "int X, int Y") {
         field = TAVUEmbeddedScript::New(element, source, arguments);
@@ -38,7 +30,7 @@ protected:
 };
 
 TEST_F(Input, AClickRunsDownThenClickAndIsTakenBothWays) {
-    TAVUElement* button = Box("Button", 10, 10, 50, 20);
+    TAVUElement* button = MakeBox("Button", 10, 10, 50, 20);
     On(button->OnLeftDown, button, "down");
     On(button->OnLeftClick, button, "click");
     g_UIManager.Render();
@@ -53,7 +45,7 @@ TEST_F(Input, AClickRunsDownThenClickAndIsTakenBothWays) {
 }
 
 TEST_F(Input, APressNobodyTakesFallsThroughAndItsReleaseToo) {
-    Box("Plain", 0, 0, 100, 100);
+    MakeBox("Plain", 0, 0, 100, 100);
     g_UIManager.Render();
     MoveTo(5, 5);
     EXPECT_FALSE(g_UIManager.OnLMouseDown());
@@ -62,7 +54,7 @@ TEST_F(Input, APressNobodyTakesFallsThroughAndItsReleaseToo) {
 }
 
 TEST_F(Input, DoubleClickWithinTimeAndDistanceReplacesTheSecondDown) {
-    TAVUElement* icon = Box("Icon", 0, 0, 100, 100);
+    TAVUElement* icon = MakeBox("Icon", 0, 0, 100, 100);
     On(icon->OnLeftDown, icon, "down");
     On(icon->OnDoubleLeftClick, icon, "double");
     g_UIManager.Render();
@@ -88,8 +80,8 @@ TEST_F(Input, DoubleClickWithinTimeAndDistanceReplacesTheSecondDown) {
 }
 
 TEST_F(Input, ClickThroughSkipsPressAndReleaseButNotTheDoubleClick) {
-    TAVUElement* under = Box("Under", 0, 0, 100, 100);
-    TAVUElement* glass = Box("Glass", 0, 0, 100, 100);
+    TAVUElement* under = MakeBox("Under", 0, 0, 100, 100);
+    TAVUElement* glass = MakeBox("Glass", 0, 0, 100, 100);
     glass->LeftClickThru = true;
     On(glass->OnLeftClick, glass, "glass click");
     On(glass->OnDoubleLeftClick, glass, "glass double");
@@ -106,8 +98,8 @@ TEST_F(Input, ClickThroughSkipsPressAndReleaseButNotTheDoubleClick) {
 }
 
 TEST_F(Input, ADragEndingElsewhereReleasesOnThePressedElementFirst) {
-    TAVUElement* handle = Box("Handle", 0, 0, 20, 20);
-    TAVUElement* target = Box("Target", 100, 100, 20, 20);
+    TAVUElement* handle = MakeBox("Handle", 0, 0, 20, 20);
+    TAVUElement* target = MakeBox("Target", 100, 100, 20, 20);
     On(handle->OnLeftDown, handle, "grab");
     On(handle->OnMouseMoveScript, handle, "drag");
     On(target->OnLeftClick, target, "target click");
@@ -121,9 +113,9 @@ TEST_F(Input, ADragEndingElsewhereReleasesOnThePressedElementFirst) {
 }
 
 TEST_F(Input, APressRaisesTheTopLevelAncestorUnlessSomethingMovedInZ) {
-    TAVUElement* back = Box("Back", 0, 0, 100, 100);
-    TAVUElement* button = Box("Button", 0, 0, 50, 50, back);
-    Box("Front", 200, 0, 100, 100);
+    TAVUElement* back = MakeBox("Back", 0, 0, 100, 100);
+    TAVUElement* button = MakeBox("Button", 0, 0, 50, 50, back);
+    MakeBox("Front", 200, 0, 100, 100);
     On(button->OnLeftClick, button, "click");
     g_UIManager.Render();
     MoveTo(10, 10);
@@ -132,7 +124,7 @@ TEST_F(Input, APressRaisesTheTopLevelAncestorUnlessSomethingMovedInZ) {
 }
 
 TEST_F(Input, AnElementThatDeletesItselfWhenPressedLeavesNoDanglingPress) {
-    TAVUElement* bomb = Box("Bomb", 0, 0, 50, 50);
+    TAVUElement* bomb = MakeBox("Bomb", 0, 0, 50, 50);
     On(bomb->OnLeftDown, bomb, "explode");
     Host.OnExecuteAtom = [&](const FakeHost::AtomRun&) {
         g_UIManager.Screen->DeleteChild(bomb);
@@ -148,7 +140,7 @@ TEST_F(Input, AnElementThatDeletesItselfWhenPressedLeavesNoDanglingPress) {
 }
 
 TEST_F(Input, APressOnTheBareScreenFocusesAndFallsThrough) {
-    TAVUElement* field = Box("Field", 0, 0, 50, 50);
+    TAVUElement* field = MakeBox("Field", 0, 0, 50, 50);
     g_UIManager.SetFocusElement(field);
     g_UIManager.Render();
     MoveTo(400, 400);
@@ -166,8 +158,8 @@ TEST_F(Input, MovesToTheSamePlaceAreIgnored) {
 }
 
 TEST_F(Input, WheelWalksBehindUntilSomeoneTakesIt) {
-    TAVUElement* list = Box("List", 0, 0, 100, 100);
-    Box("Label", 0, 0, 100, 20, list);
+    TAVUElement* list = MakeBox("List", 0, 0, 100, 100);
+    MakeBox("Label", 0, 0, 100, 20, list);
     On(list->OnMouseWheelScript, list, "wheel", "int Offset");
     g_UIManager.Render();
     MoveTo(10, 10);
@@ -178,8 +170,8 @@ TEST_F(Input, WheelWalksBehindUntilSomeoneTakesIt) {
 }
 
 TEST_F(Input, KeysGoToTheFocusAndClimbAndTheirUpFollowsTheDown) {
-    TAVUElement* panel = Box("Panel", 0, 0, 100, 100);
-    TAVUElement* field = Box("Field", 0, 0, 50, 20, panel);
+    TAVUElement* panel = MakeBox("Panel", 0, 0, 100, 100);
+    TAVUElement* field = MakeBox("Field", 0, 0, 50, 20, panel);
     On(panel->OnKeyDownScript, panel, "panel key", "string Key");
     Host.KeyNames[13] = "Enter";
     Host.KeyNames[27] = "Esc";
@@ -230,8 +222,8 @@ TEST_F(Input, LockTogglesAreCopiedForCharacterTranslation) {
 #endif
 
 TEST_F(Input, AFocusedElementThatDeletesItselfOnAKeyEndsTheWalk) {
-    TAVUElement* panel = Box("Panel", 0, 0, 100, 100);
-    TAVUElement* field = Box("Field", 0, 0, 50, 20, panel);
+    TAVUElement* panel = MakeBox("Panel", 0, 0, 100, 100);
+    TAVUElement* field = MakeBox("Field", 0, 0, 50, 20, panel);
     On(field->OnKeyDownScript, field, "close", "string Key");
     Host.KeyNames[27] = "Esc";
     g_UIManager.SetFocusElement(field);
@@ -246,8 +238,8 @@ TEST_F(Input, AFocusedElementThatDeletesItselfOnAKeyEndsTheWalk) {
 }
 
 TEST_F(Input, FocusMovingToAnElementThatTheExitDeletedGoesNowhere) {
-    TAVUElement* first = Box("First", 0, 0, 10, 10);
-    TAVUElement* second = Box("Second", 20, 0, 10, 10);
+    TAVUElement* first = MakeBox("First", 0, 0, 10, 10);
+    TAVUElement* second = MakeBox("Second", 20, 0, 10, 10);
     On(first->OnKeyboardExitScript, first, "delete the next", "");
     On(second->OnKeyboardEnterScript, second, "never", "");
     g_UIManager.SetFocusElement(first);

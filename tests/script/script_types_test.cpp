@@ -111,8 +111,7 @@ TEST_F(ScriptTypes, ElementMembersReadFieldsAndTheRequiredGapsStay) {
 }
 
 TEST_F(ScriptTypes, ClickMethodsUseTheirOddSyntheticPoints) {
-    TAVUElement* element = Panel("Clicked");
-    element->X = 10, element->Y = 20, element->Width = 100, element->Height = 50;
+    TAVUElement* element = MakeBox("Clicked", 10, 20, 100, 50);
     element->OnLeftClick = TAVUEmbeddedScript::New(element, "left", "int X, int Y");
     element->OnRightDown = TAVUEmbeddedScript::New(element, "right", "int X, int Y");
     EXPECT_EQ(Method(pTAVUElementType, element, "LeftClick"), 1);

@@ -38,3 +38,10 @@ void ToolkitTest::TearDown() {
 TAVUElement* ToolkitTest::MakeElement(const char* name, TAVUElement* parent) {
     return g_TestElementFactory.CreateUIElement(parent ? parent : g_UIManager.Screen, name);
 }
+
+TAVUElement* ToolkitTest::MakeBox(const char* name, int x, int y, int w, int h,
+                                  TAVUElement* parent) {
+    TAVUElement* element = MakeElement(name, parent);
+    element->X = x, element->Y = y, element->Width = w, element->Height = h;
+    return element;
+}

@@ -23,6 +23,9 @@ protected:
 
     // Makes an element of the plain base class under parent (the screen when null).
     TAVUElement* MakeElement(const char* name, TAVUElement* parent = nullptr);
+    // The same, placed at x, y and sized w by h.
+    TAVUElement* MakeBox(const char* name, int x, int y, int w, int h,
+                         TAVUElement* parent = nullptr);
 
     FakeHost Host;
 };
