@@ -34,16 +34,14 @@ TEST_F(ScriptTypes, InitializeRegistersTheBuiltTypesAndShutdownRemovesThem) {
     EXPECT_TRUE(Host.RegisteredCommands.empty());
 }
 
-TEST_F(ScriptTypes, TheToolkitObjectAnswersVersionsAndInputState) {
+// Versions, element members and methods read or driven one at a time are
+// checked end to end by tavuhost's elements case; these are the rest.
+TEST_F(ScriptTypes, TheToolkitObjectAnswersWhatItKnowsAndNoMore) {
     _RXTypeVar tavukit{};
     ASSERT_TRUE(TavukitObject(0, nullptr, tavukit));
     EXPECT_EQ(tavukit.Type, pTAVUKitType);
     void* kit = tavukit.Value.Pointer;
-    g_UIManager.Shift = true;
-    EXPECT_EQ(Get(pTAVUKitType, kit, "Version"), "1 0.73");
-    EXPECT_EQ(Get(pTAVUKitType, kit, "APIVersion"), "1 12");
     EXPECT_EQ(Get(pTAVUKitType, kit, "CurrentSkin"), "0"); // none current
-    EXPECT_EQ(Get(pTAVUKitType, kit, "IsShiftDown"), "1 TRUE");
     EXPECT_EQ(Get(pTAVUKitType, kit, "NoSuchThing"), "-1");
     EXPECT_EQ(Method(pTAVUKitType, kit, "Version"), -1);
     char text[16] = "unchanged";
@@ -88,19 +86,12 @@ TEST_F(ScriptTypes, UserInputIsTheScriptsTextOrNothing) {
 
 TEST_F(ScriptTypes, ElementMembersReadFieldsAndTheRequiredGapsStay) {
     TAVUElement* element = Panel("Box");
-    element->X = 10;
     element->Strata = -3;
     element->FadeState = 2;
-    EXPECT_EQ(Get(pTAVUElementType, element, "X"), "1 10");
     EXPECT_EQ(Get(pTAVUElementType, element, "Strata"), "1 -3");
     EXPECT_EQ(Get(pTAVUElementType, element, "FadeState"), "1 FADING");
-    EXPECT_EQ(Get(pTAVUElementType, element, "Visible"), "1 TRUE");
-    EXPECT_EQ(Get(pTAVUElementType, element, "ReallyVisible"), "0");
-    EXPECT_EQ(Get(pTAVUElementType, element, "Parent"), "1 tavuelement");
-    EXPECT_EQ(Result.Value.Pointer, g_UIManager.Screen);
     EXPECT_EQ(Get(pTAVUElementType, element, "Children"), "0"); // none
-    EXPECT_EQ(Get(pTAVUElementType, element, "NoSuchMember"), "-1");
-    EXPECT_EQ(Get(pTAVUElementType, nullptr, "X"), "0"); // known member, no object
+    EXPECT_EQ(Get(pTAVUElementType, nullptr, "X"), "0");        // known member, no object
     EXPECT_EQ(Get(pTAVUElementType, element, "HitTest", {"1"}), "0");
     EXPECT_EQ(Get(pTAVUElementType, element, "FindChild"), "0");
     char name[4];
@@ -110,33 +101,13 @@ TEST_F(ScriptTypes, ElementMembersReadFieldsAndTheRequiredGapsStay) {
     EXPECT_EQ(std::string(name, 3), "box");
 }
 
-TEST_F(ScriptTypes, ClickMethodsUseTheirOddSyntheticPoints) {
-    TAVUElement* element = MakeBox("Clicked", 10, 20, 100, 50);
-    element->OnLeftClick = TAVUEmbeddedScript::New(element, "left", "int X, int Y");
-    element->OnRightDown = TAVUEmbeddedScript::New(element, "right", "int X, int Y");
-    EXPECT_EQ(Method(pTAVUElementType, element, "LeftClick"), 1);
-    ASSERT_EQ(Host.AtomRuns.size(), 1u); // the down has no script, the click has
-    EXPECT_EQ(Host.AtomRuns[0].Args, (std::vector<std::string>{"65", "55"}));
-    EXPECT_EQ(Method(pTAVUElementType, element, "RightMouseDown"), 1);
-    EXPECT_EQ(Host.AtomRuns[1].Args, (std::vector<std::string>{"215", "55"}));
-}
-
-TEST_F(ScriptTypes, ElementMethodsActAndDestroyReportsFailure) {
+TEST_F(ScriptTypes, ElementMethodsRefuseMissingArgumentsAndDestroyReportsFailure) {
     TAVUElement* parent = Panel("Parent");
     TAVUElement* child = Panel("Child", parent);
-    child->Width = 10;
-    EXPECT_EQ(Method(pTAVUElementType, child, "SetX", {"42"}), 1);
-    EXPECT_EQ(child->X, 42);
     EXPECT_EQ(Method(pTAVUElementType, child, "SetX"), 0);
-    EXPECT_EQ(Method(pTAVUElementType, child, "SetZOrder", {"AlwaysOnTop"}), 1);
-    EXPECT_EQ(child->Strata, 127);
     EXPECT_EQ(Method(pTAVUElementType, child, "SetZOrder", {"sideways"}), 0);
     EXPECT_EQ(Method(pTAVUElementType, child, "SetLeftClickThru", {"true"}), 1);
     EXPECT_TRUE(child->LeftClickThru);
-    EXPECT_EQ(Method(pTAVUElementType, child, "SetMetadata", {"Colour", "red"}), 1);
-    EXPECT_EQ(Get(pTAVUElementType, child, "GetMetadata", {"colour"}), "1 red");
-    EXPECT_EQ(Method(pTAVUElementType, child, "Hide"), 1);
-    EXPECT_FALSE(child->Visible);
     EXPECT_EQ(Method(pTAVUElementType, child, "Destroy"), 0);
     EXPECT_EQ(parent->FirstChild, nullptr);
 }
