@@ -74,7 +74,7 @@ TEST_F(Input, DoubleClickWithinTimeAndDistanceReplacesTheSecondDown) {
     EXPECT_EQ(Ran().back(), "down");
     g_UIManager.OnLMouseUp();
     TavuAdvanceClock(10);
-    MoveTo(70, 50); // too far
+    MoveTo(69, 59); // 11 and 2 pixels from the last press: 125, too far
     g_UIManager.OnLMouseDown();
     EXPECT_EQ(Ran().back(), "down");
 }
