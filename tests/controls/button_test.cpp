@@ -18,18 +18,13 @@ protected:
     }
 };
 
+// Away, over and held with all three looks are checked end to end by
+// tavuhost's button looks case; these are the looks that are missing.
 TEST_F(ButtonTest, PressedAndHoverLooksNeedAPlainTexture) {
-    TAVUButton* button = Button("<Texture Filename=\"#up\"/><TexturePressed Filename=\"#down\"/>"
-                                "<TextureHover Filename=\"#lit\"/>");
+    TAVUButton* button = Button("<Texture Filename=\"#up\"/><TextureHover Filename=\"#lit\"/>");
     ASSERT_NE(button, nullptr);
-    Hover(false);
-    EXPECT_EQ(button->ChooseTexture()->Filename, std::string("#up"));
     Hover(true);
-    EXPECT_EQ(button->ChooseTexture()->Filename, std::string("#lit"));
     button->Pressed = true;
-    EXPECT_EQ(button->ChooseTexture()->Filename, std::string("#down"));
-    TAVUTexture::Delete(button->TexturePressed);
-    button->TexturePressed = nullptr;
     EXPECT_EQ(button->ChooseTexture()->Filename, std::string("#lit")); // held, no pressed look
     Hover(false);
     EXPECT_EQ(button->ChooseTexture()->Filename, std::string("#up"));
@@ -41,19 +36,6 @@ TEST_F(ButtonTest, PressedAndHoverLooksNeedAPlainTexture) {
     RenderFrame();
     EXPECT_TRUE(Host.DrawRecords.empty());
     ASSERT_EQ(Host.Fills.size(), 1u); // a plain fill without a border
-}
-
-TEST_F(ButtonTest, OnlyAPressedTextureShowsWhileHeld) {
-    TAVUButton* button = Button("<Texture Filename=\"#up\"/><TexturePressed Filename=\"#down\"/>");
-    ASSERT_NE(button, nullptr);
-    RenderFrame();
-    EXPECT_EQ(DrawnTextures(), std::vector<std::string>{"#up"});
-    button->OnLMouseDown(Point);
-    RenderFrame();
-    EXPECT_EQ(DrawnTextures(), std::vector<std::string>{"#down"});
-    button->OnLMouseUp(Point);
-    RenderFrame();
-    EXPECT_EQ(DrawnTextures(), std::vector<std::string>{"#up"});
 }
 
 TEST_F(ButtonTest, CaptionIsCentredInTheButtonWithDataSequencesResolved) {

@@ -86,22 +86,22 @@ TEST_F(CheckBoxTest, ReleaseTogglesWhereverThePointerIsAndTellsTheParent) {
 
 class CommandCheckBoxTest : public CheckBoxTest {};
 
-TEST_F(CommandCheckBoxTest, TickingRunsCommandAndUntickingRunsCommandChecked) {
-    TAVUCheckBox* box = Box("<Command>music on</Command><CommandChecked>music off</CommandChecked>",
-                            "commandcheckbox");
-    ASSERT_NE(box, nullptr);
-    box->OnLMouseUp(Point);
-    box->OnLMouseUp(Point);
-    EXPECT_EQ(Host.Commands, (std::vector<std::string>{"music on", "music off"}));
-    EXPECT_FALSE(box->Checked);
-}
-
-TEST_F(CommandCheckBoxTest, WithoutCommandCheckedTheCommandRunsBothWays) {
-    TAVUCheckBox* box = Box("<Command>toggle music</Command>", "commandcheckbox");
-    ASSERT_NE(box, nullptr);
-    box->OnLMouseUp(Point);
-    box->OnLMouseUp(Point);
-    EXPECT_EQ(Host.Commands, (std::vector<std::string>{"toggle music", "toggle music"}));
+// Ticking runs Command, unticking CommandChecked, or Command again without one.
+TEST_F(CommandCheckBoxTest, TickingAndUntickingRunTheirCommands) {
+    const std::pair<const char*, std::vector<std::string>> cases[] = {
+        {"<Command>music on</Command><CommandChecked>music off</CommandChecked>",
+         {"music on", "music off"}},
+        {"<Command>toggle music</Command>", {"toggle music", "toggle music"}}};
+    for (const auto& c : cases) {
+        Host.ClearRecords();
+        TAVUCheckBox* box = Box(c.first, "commandcheckbox");
+        ASSERT_NE(box, nullptr) << c.first;
+        box->OnLMouseUp(Point);
+        box->OnLMouseUp(Point);
+        EXPECT_EQ(Host.Commands, c.second) << c.first;
+        EXPECT_FALSE(box->Checked) << c.first;
+        Parent->DeleteChild(box);
+    }
 }
 
 TEST_F(CommandCheckBoxTest, DataDecidesTheTickAtEveryFrame) {
