@@ -13,20 +13,7 @@
 #include <cstring>
 #include <memory>
 
-class Reading : public ToolkitTest {
-protected:
-    // The first element of a document parsed from text; the parser keeps it.
-    XMLNode* Parse(const char* text) {
-        parsers.push_back(std::make_unique<XMLParser>());
-        XMLParser& parser = *parsers.back();
-        EXPECT_TRUE(parser.ParseBuffer(text, strlen(text))) << parser.ErrorText;
-        XMLNode* node = parser.Root ? parser.Root->FirstChild : nullptr;
-        while (node && node->Type != XMLNode::Element)
-            node = node->Next;
-        return node;
-    }
-    std::vector<std::unique_ptr<XMLParser>> parsers;
-};
+using Reading = ToolkitTest;
 
 TEST_F(Reading, NodeOverTemplateOverDefaultWithFadeAlphaFollowingAlpha) {
     TAVUElement* element = MakeElement("Read");

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-
 TEST(ManagerConstruction, StartsWithItsDefaults) {
     ResetToolkit();
     EXPECT_EQ(g_UIManager.GetVersion(), 18u);

@@ -12,21 +12,6 @@
 #include <string>
 
 namespace {
-// A parsed document that lives for one test; Node() is its first element.
-class Document {
-public:
-    explicit Document(const char* text) { EXPECT_TRUE(Parser.ParseBuffer(text, 0)) << text; }
-    XMLNode* Node() {
-        for (XMLNode* node = Parser.Root ? Parser.Root->FirstChild : nullptr; node;
-             node = node->Next)
-            if (node->Type == XMLNode::Element) return node;
-        return nullptr;
-    }
-
-private:
-    XMLParser Parser;
-};
-
 const char* Attribute(XMLNode* node, const char* name) {
     return XMLHelper::GetStringAttribute(node, name, "(none)");
 }
@@ -48,16 +33,16 @@ unsigned Value(XMLNode* node, const char* name) {
 class Templates : public ToolkitTest {
 protected:
     XMLNode* Add(const char* name, const char* text) {
-        Document document(text);
-        return g_UIManager.AddTemplate(name, document.Node());
+        XMLNode* document = Parse(text);
+        return g_UIManager.AddTemplate(name, document);
     }
 };
 
 TEST_F(Templates, AddStoresAnIndependentCopyAndReplacesTheSameName) {
-    Document document(R"(<Template Look="flat"><Width>10</Width></Template>)");
-    XMLNode* stored = g_UIManager.AddTemplate("Panel", document.Node());
+    XMLNode* document = Parse(R"(<Template Look="flat"><Width>10</Width></Template>)");
+    XMLNode* stored = g_UIManager.AddTemplate("Panel", document);
     ASSERT_NE(stored, nullptr);
-    EXPECT_NE(stored, document.Node());
+    EXPECT_NE(stored, document);
     EXPECT_EQ(stored->Parent, nullptr);
     EXPECT_EQ(g_UIManager.FindTemplate("PANEL"), stored);
     EXPECT_EQ(Value(stored, "Width"), 10u);
@@ -76,8 +61,8 @@ TEST_F(Templates, AddRefusesBadNamesAndNodesAndKeepsWhatWasThere) {
     EXPECT_EQ(Add("", "<Template/>"), nullptr);
     EXPECT_EQ(Add(nullptr, "<Template/>"), nullptr);
     EXPECT_EQ(g_UIManager.AddTemplate("Kept", static_cast<XMLNode*>(nullptr)), nullptr);
-    Document text("<Template>words</Template>");
-    EXPECT_EQ(g_UIManager.AddTemplate("Kept", text.Node()->FirstChild), nullptr); // a text node
+    XMLNode* text = Parse("<Template>words</Template>");
+    EXPECT_EQ(g_UIManager.AddTemplate("Kept", text->FirstChild), nullptr); // a text node
     EXPECT_EQ(g_UIManager.FindTemplate("Kept"), kept);
     EXPECT_EQ(g_UIManager.Templates.size(), 1u);
 }
@@ -221,11 +206,11 @@ TEST_F(Templates, SkinsAreReplacedFoundAndRemovedByNameIgnoringCase) {
 }
 
 TEST_F(Templates, SkinEntriesComeFromTheTemplateThenTheNode) {
-    Document skinTemplate(R"(<Skin>
+    XMLNode* skinTemplate = Parse(R"(<Skin>
         <SkinTemplate Base="button" Skin="base button"/>
         <SkinTemplate Base="frame" Skin="base frame"/>
     </Skin>)");
-    Document node(R"(<Skin>
+    XMLNode* node = Parse(R"(<Skin>
         <SkinTemplate Base="Button" Skin="night button" SkinPrefix="ignored "/>
         <SkinTemplate Base="text" SkinPrefix="night "/>
         <SkinTemplate Base="" Skin="nothing"/>
@@ -233,7 +218,7 @@ TEST_F(Templates, SkinEntriesComeFromTheTemplateThenTheNode) {
         <Other Base="window" Skin="night window"/>
     </Skin>)");
     TAVUSkin* skin = g_UIManager.NewSkin("Night");
-    EXPECT_TRUE(skin->FromXML(node.Node(), skinTemplate.Node()));
+    EXPECT_TRUE(skin->FromXML(node, skinTemplate));
     EXPECT_STREQ(skin->GetTemplate("button"), "night button");
     EXPECT_STREQ(skin->GetTemplate("frame"), "base frame");
     EXPECT_STREQ(skin->GetTemplate("TEXT"), "night text");

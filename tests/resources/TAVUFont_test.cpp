@@ -29,15 +29,6 @@ public:
 };
 TAVUFactory<FontOwner> g_FontOwnerFactory("fontowner");
 
-class Document {
-public:
-    explicit Document(const char* text) { EXPECT_TRUE(Parser.ParseBuffer(text, 0)) << text; }
-    XMLNode* Node() { return Parser.Root ? Parser.Root->FirstChild : nullptr; }
-
-private:
-    XMLParser Parser;
-};
-
 // A font that is deleted at the end of the test, through its own class.
 template <class T> struct Owned {
     T* Font;
@@ -71,12 +62,12 @@ TEST_F(Font, TheConstructorsFillWhatTheRequestLeavesOpen) {
     EXPECT_EQ(plain->Element, Owner);
 
     // A node fills the open parts: "Name" as a value, "Color" and "Size" as attributes.
-    Document node(R"(<Font Color="FF102030" Size="18"><Name>Serif</Name></Font>)");
+    XMLNode* node = Parse(R"(<Font Color="FF102030" Size="18"><Name>Serif</Name></Font>)");
     _CreateFont open{nullptr, 0, 0, true, false};
-    Owned<TAVUFont> fromNode{TAVUFont::New(Owner, open, node.Node())};
+    Owned<TAVUFont> fromNode{TAVUFont::New(Owner, open, node)};
     EXPECT_EQ(Fields(*fromNode.Font), "Serif 18 FF102030 bold");
     _CreateFont given{"Mono", 9, 0xFF0000FF, false, true};
-    Owned<TAVUFont> requested{TAVUFont::New(Owner, given, node.Node())};
+    Owned<TAVUFont> requested{TAVUFont::New(Owner, given, node)};
     EXPECT_EQ(Fields(*requested.Font), "Mono 9 FF0000FF fixed");
     Owned<TAVUFont> withoutNode{TAVUFont::New(Owner, open, nullptr)};
     EXPECT_EQ(withoutNode->Color, 0xFFFFFFFFu);
@@ -89,7 +80,7 @@ TEST_F(Font, TheConstructorsFillWhatTheRequestLeavesOpen) {
 
     Owned<TAVUFixedFont> fixedCopy{TAVUFixedFont::New(Owner, *withoutNode.Font)};
     EXPECT_TRUE(fixedCopy->Fixed);
-    Owned<TAVUFixedFont> fixedRequest{TAVUFixedFont::New(Owner, open, node.Node())};
+    Owned<TAVUFixedFont> fixedRequest{TAVUFixedFont::New(Owner, open, node)};
     EXPECT_EQ(Fields(*fixedRequest.Font), "Serif 18 FF102030 bold fixed");
 }
 
@@ -262,23 +253,23 @@ TEST_F(Font, ReadingFromXMLInheritsFromTheTemplateOrTheDefaultFont) {
     EXPECT_EQ(Fields(*Owned<TAVUFont>{TAVUFont::NewFromXML(Owner, nullptr)}.Font), " 12 FFFFFFFF");
     g_UIManager.AddTemplate("Title Font", R"(<Template><Name>Serif</Name><Size>24</Size>
         <Bold/><Color>FFAA0000</Color></Template>)");
-    Document titled(R"(<Font Template="title font"><Size>30</Size><Fixed>1</Fixed></Font>)");
-    Owned<TAVUFont> title{TAVUFont::NewFromXML(Owner, titled.Node())};
+    XMLNode* titled =
+        Parse(R"(<Font Template="title font"><Size>30</Size><Fixed>1</Fixed></Font>)");
+    Owned<TAVUFont> title{TAVUFont::NewFromXML(Owner, titled)};
     EXPECT_EQ(Fields(*title.Font), "Serif 30 FFAA0000 bold fixed");
     EXPECT_EQ(title->Element, Owner);
 
     // No colour anywhere: invisible text; the size is a byte.
-    Document plain(R"(<Font Template="unknown"><Size>300</Size></Font>)");
-    EXPECT_EQ(Fields(*Owned<TAVUFont>{TAVUFont::NewFromXML(Owner, plain.Node())}.Font),
-              " 44 00000000");
+    XMLNode* plain = Parse(R"(<Font Template="unknown"><Size>300</Size></Font>)");
+    EXPECT_EQ(Fields(*Owned<TAVUFont>{TAVUFont::NewFromXML(Owner, plain)}.Font), " 44 00000000");
     g_UIManager.AddTemplate("Default Font", R"(<Template><Name>Body</Name><Fixed/></Template>)");
-    EXPECT_EQ(Fields(*Owned<TAVUFont>{TAVUFont::NewFromXML(Owner, plain.Node())}.Font),
+    EXPECT_EQ(Fields(*Owned<TAVUFont>{TAVUFont::NewFromXML(Owner, plain)}.Font),
               "Body 44 00000000 fixed");
 
     EXPECT_EQ(Fields(*Owned<TAVUFixedFont>{TAVUFixedFont::NewFromXML(Owner, nullptr)}.Font),
               " 12 FFFFFFFF fixed");
-    Document notFixed(R"(<Font><Fixed>0</Fixed><Color>FF00FF00</Color></Font>)");
-    Owned<TAVUFixedFont> console{TAVUFixedFont::NewFromXML(Owner, notFixed.Node())};
+    XMLNode* notFixed = Parse(R"(<Font><Fixed>0</Fixed><Color>FF00FF00</Color></Font>)");
+    Owned<TAVUFixedFont> console{TAVUFixedFont::NewFromXML(Owner, notFixed)};
     EXPECT_TRUE(console->Fixed); // no "Fixed" key for a fixed font
     EXPECT_STREQ(console->Name, "Body");
     EXPECT_EQ(console->Color, 0xFF00FF00u);

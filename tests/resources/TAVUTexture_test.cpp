@@ -22,16 +22,6 @@ std::string DataPath(const char* relative) {
     return path;
 }
 
-// A parsed document that lives for one test; Node() is its first element.
-class Document {
-public:
-    explicit Document(const char* text) { EXPECT_TRUE(Parser.ParseBuffer(text, 0)) << text; }
-    XMLNode* Node() { return Parser.Root ? Parser.Root->FirstChild : nullptr; }
-
-private:
-    XMLParser Parser;
-};
-
 // A texture that is deleted at the end of the test.
 struct TextureHolder {
     TAVUTexture* Texture;
@@ -43,13 +33,13 @@ struct TextureHolder {
 class Texture : public ToolkitTest {
 protected:
     TextureHolder Read(const char* xml, const char* templateXml = nullptr) {
-        Document node(xml);
+        XMLNode* node = Parse(xml);
         TAVUTexture* texture = TAVUTexture::New("image.png");
         if (templateXml) {
-            Document templateNode(templateXml);
-            texture->FromXML(node.Node(), templateNode.Node());
+            XMLNode* templateNode = Parse(templateXml);
+            texture->FromXML(node, templateNode);
         } else {
-            texture->FromXML(node.Node());
+            texture->FromXML(node);
         }
         return {texture};
     }
@@ -238,66 +228,68 @@ TEST_F(Texture, ReadingFromXMLFindsTheFileBesideTheInterfaceThenOnTheSearchPath)
     Host.TextureFiles["shared.png"] = DataPath("search/shared.png");
     Host.TextureFiles["stale.png"] = DataPath("search/deleted-since.png");
 
-    Document beside(R"(<Button Filename="button.png"><Border>2</Border></Button>)");
-    TextureHolder local{TAVUTexture::NewFromXML(beside.Node())};
+    XMLNode* beside = Parse(R"(<Button Filename="button.png"><Border>2</Border></Button>)");
+    TextureHolder local{TAVUTexture::NewFromXML(beside)};
     ASSERT_NE(local.Texture, nullptr);
     EXPECT_EQ(local->Filename, DataPath("skin/button.png"));
     EXPECT_EQ(local->Border, 2u);
     EXPECT_EQ(Host.Count("FindTextureFile"), 0u);
 
-    Document searched(R"(<Button Filename="shared.png"/>)");
-    TextureHolder shared{TAVUTexture::NewFromXML(searched.Node())};
+    XMLNode* searched = Parse(R"(<Button Filename="shared.png"/>)");
+    TextureHolder shared{TAVUTexture::NewFromXML(searched)};
     ASSERT_NE(shared.Texture, nullptr);
     EXPECT_EQ(shared->Filename, DataPath("search/shared.png"));
 
-    Document stale(R"(<Button Filename="stale.png"/>)");
-    EXPECT_EQ(TAVUTexture::NewFromXML(stale.Node()), nullptr); // the host's answer must exist too
-    Document nowhere(R"(<Button Filename="nowhere.png"/>)");
-    EXPECT_EQ(TAVUTexture::NewFromXML(nowhere.Node()), nullptr);
+    XMLNode* stale = Parse(R"(<Button Filename="stale.png"/>)");
+    EXPECT_EQ(TAVUTexture::NewFromXML(stale), nullptr); // the host's answer must exist too
+    XMLNode* nowhere = Parse(R"(<Button Filename="nowhere.png"/>)");
+    EXPECT_EQ(TAVUTexture::NewFromXML(nowhere), nullptr);
     EXPECT_TRUE(Host.Console.empty());
 
     // An interface file without a folder: only the host is asked.
     StrCopyBounded(g_UIManager.CurrentFile, "interface.xml", sizeof(g_UIManager.CurrentFile));
     Host.ClearRecords();
-    TextureHolder viaHost{TAVUTexture::NewFromXML(beside.Node())};
+    TextureHolder viaHost{TAVUTexture::NewFromXML(beside)};
     ASSERT_NE(viaHost.Texture, nullptr);
     EXPECT_EQ(viaHost->Filename, DataPath("search/button.png"));
     EXPECT_EQ(Host.Count("FindTextureFile"), 1u);
 
     // A full path given in the file stands as it is.
     std::string full = "<Button Filename=\"" + DataPath("search/shared.png") + "\"/>";
-    Document absolute(full.c_str());
-    TextureHolder direct{TAVUTexture::NewFromXML(absolute.Node())};
+    XMLNode* absolute = Parse(full.c_str());
+    TextureHolder direct{TAVUTexture::NewFromXML(absolute)};
     ASSERT_NE(direct.Texture, nullptr);
     EXPECT_EQ(direct->Filename, DataPath("search/shared.png"));
 }
 
 TEST_F(Texture, HashNamesAreNoFilesAndTheTemplateMayNameTheFile) {
-    Document fill(R"(<Background Filename="#FILL"><ColorMask>FF000080</ColorMask></Background>)");
-    TextureHolder plain{TAVUTexture::NewFromXML(fill.Node())};
+    XMLNode* fill =
+        Parse(R"(<Background Filename="#FILL"><ColorMask>FF000080</ColorMask></Background>)");
+    TextureHolder plain{TAVUTexture::NewFromXML(fill)};
     ASSERT_NE(plain.Texture, nullptr);
     EXPECT_STREQ(plain->Filename, "");
     EXPECT_EQ(plain->ColorMask, 0xFF000080u);
 
-    Document other(R"(<Background Filename="#gradient"/>)");
-    TextureHolder special{TAVUTexture::NewFromXML(other.Node())};
+    XMLNode* other = Parse(R"(<Background Filename="#gradient"/>)");
+    TextureHolder special{TAVUTexture::NewFromXML(other)};
     ASSERT_NE(special.Texture, nullptr);
     EXPECT_STREQ(special->Filename, "#gradient");
 
     g_UIManager.AddTemplate("filled",
                             R"(<Template Filename="#fill"><Border>6</Border></Template>)");
     g_UIManager.AddTemplate("blank", R"(<Template><Border>6</Border></Template>)");
-    Document fromTemplate(R"(<Background Template="FILLED"><Alpha>0.5</Alpha></Background>)");
-    TextureHolder inherited{TAVUTexture::NewFromXML(fromTemplate.Node())};
+    XMLNode* fromTemplate =
+        Parse(R"(<Background Template="FILLED"><Alpha>0.5</Alpha></Background>)");
+    TextureHolder inherited{TAVUTexture::NewFromXML(fromTemplate)};
     ASSERT_NE(inherited.Texture, nullptr);
     EXPECT_STREQ(inherited->Filename, "");
     EXPECT_EQ(inherited->Border, 6u);
     EXPECT_FLOAT_EQ(inherited->Alpha, 0.5f);
 
-    Document noName(R"(<Background Template="blank"/>)");
-    EXPECT_EQ(TAVUTexture::NewFromXML(noName.Node()), nullptr);
-    Document unknown(R"(<Background Template="unknown"/>)");
-    EXPECT_EQ(TAVUTexture::NewFromXML(unknown.Node()), nullptr);
+    XMLNode* noName = Parse(R"(<Background Template="blank"/>)");
+    EXPECT_EQ(TAVUTexture::NewFromXML(noName), nullptr);
+    XMLNode* unknown = Parse(R"(<Background Template="unknown"/>)");
+    EXPECT_EQ(TAVUTexture::NewFromXML(unknown), nullptr);
     EXPECT_EQ(TAVUTexture::NewFromXML(nullptr), nullptr);
 }
 
@@ -306,8 +298,8 @@ TEST_F(Texture, LongNamesAreCutNeverOverrun) {
     StrCopyBounded(g_UIManager.CurrentFile, DataPath("skin/interface.xml").c_str(),
                    sizeof(g_UIManager.CurrentFile));
     std::string xml = "<T Filename=\"" + longName + "\"/>";
-    Document document(xml.c_str());
-    EXPECT_EQ(TAVUTexture::NewFromXML(document.Node()), nullptr);
+    XMLNode* document = Parse(xml.c_str());
+    EXPECT_EQ(TAVUTexture::NewFromXML(document), nullptr);
     char path[8];
     EXPECT_TRUE(TAVUTexture::ResolveFilename("#abcdefghijkl", path, sizeof(path)));
     EXPECT_STREQ(path, "#abcdef");
