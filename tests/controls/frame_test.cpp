@@ -64,24 +64,6 @@ TEST_F(FrameTest, DrawsAFillATexturePlusBorderOrANineCellTexture) {
     EXPECT_TRUE(Host.Fills.empty());
 }
 
-TEST_F(FrameTest, TransparentFramesPassClicksUnlessTheirOwnHandlerTakesThem) {
-    auto* glass = Load<TAVUFrame>("frame", "Glass", "<frame><Width>50</Width></frame>");
-    ASSERT_NE(glass, nullptr);
-    ASSERT_TRUE(glass->IsTransparent());
-    EXPECT_FALSE(glass->OnLMouseDown(Point));
-    EXPECT_FALSE(glass->OnRMouseDoubleClick(Point));
-    EXPECT_FALSE(glass->OnMouseWheel(3));
-    EXPECT_TRUE(Parent->Notes.empty());
-
-    auto* scripted =
-        Load<TAVUFrame>("frame", "Scripted", "<frame><OnLeftClick>echo hi</OnLeftClick></frame>");
-    ASSERT_NE(scripted, nullptr);
-    EXPECT_TRUE(scripted->OnLMouseUp(Point)); // taken by its script, and the parent is told
-    EXPECT_EQ(Host.AtomRuns.size(), 1u);
-    ASSERT_EQ(Parent->Notes.size(), 1u);
-    EXPECT_EQ(Parent->Notes[0].first, unsigned(TAVU_NOTIFY_LEFT_UP));
-}
-
 TEST_F(FrameTest, ClickThroughFlagsPassTheirButtonsAndTheRightDoubleClickIgnoresThem) {
     auto* frame = Load<TAVUFrame>("frame", "Solid",
                                   "<frame><BackgroundColor>FF000000</BackgroundColor></frame>");

@@ -243,22 +243,6 @@ TEST_F(Element, FactoryRegistrationIgnoresCaseRefusesOtherVersionsAndLaterWins) 
     g_UIManager.Factories[utf8stringnocase("recording")] = &g_RecordingFactory;
 }
 
-TEST_F(Element, FailedReadingDeletesTheNewElement) {
-    RecordingElement::NextFromXMLResult = false;
-    TAVUElement* made =
-        g_RecordingFactory.CreateUIElement(g_UIManager.Screen, "Broken", nullptr, "NoTemplate");
-    EXPECT_EQ(made, nullptr);
-    EXPECT_EQ(g_UIManager.Screen->FirstChild, nullptr);
-    EXPECT_EQ(g_UIManager.FindElement("Broken"), nullptr);
-    EXPECT_EQ(RecordingElement::Log, (std::vector<std::string>{"broken:destroy"}));
-    RecordingElement::NextFromXMLResult = true;
-    TAVUElement* fine = g_RecordingFactory.CreateUIElement(nullptr, "Loose", nullptr, nullptr);
-    ASSERT_NE(fine, nullptr);
-    EXPECT_EQ(fine->Parent, nullptr);
-    EXPECT_STREQ(fine->Type, "recording");
-    fine->Delete();
-}
-
 TEST_F(Element, ANegativeParentSizeCountsAsUnsigned) {
     TAVUElement* panel = MakeElement("Panel");
     panel->Height = -1;

@@ -89,16 +89,3 @@ TEST_F(Manager, MetadataIsPerElementAndIgnoresKeyCase) {
     element->Parent->DeleteChild(element);
     EXPECT_EQ(g_UIManager.Metadata.count(id), 0u); // the destructor cleared it
 }
-
-TEST_F(Manager, ForwardsReleasesOnlyBeforeShutdown) {
-    unsigned texture = g_UIManager.AcquireTexture("a.png", 0xFF00FF);
-    _Point2i size{};
-    EXPECT_TRUE(g_UIManager.GetTextureSize(texture, size));
-    EXPECT_EQ(size.x, 64);
-    g_UIManager.ReleaseTexture(texture);
-    EXPECT_TRUE(Host.LiveTextures.empty());
-    unsigned font = g_UIManager.AcquireFont("Arial", 12, false, true);
-    g_UIManager.Shutdown();
-    g_UIManager.ReleaseFont(font);
-    EXPECT_EQ(Host.LiveFonts.count(font), 1u); // nothing reaches the host after Shutdown
-}
