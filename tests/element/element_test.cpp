@@ -116,18 +116,6 @@ TEST_F(Element, DeleteWithoutFactoryWarnsAndKeepsTheElement) {
     g_UIManager.Screen->FirstChild = g_UIManager.Screen->LastChild = nullptr;
 }
 
-TEST_F(Element, DeleteRunsOnUnloadAndStoresPosition) {
-    TAVUElement* element = MakeElement("Stored");
-    element->OnUnload = TAVUEmbeddedScript::New(element, "echo bye", nullptr);
-    element->StorePosition = true;
-    Host.ClearRecords();
-    g_UIManager.Screen->DeleteChild(element);
-    ASSERT_EQ(Host.AtomRuns.size(), 1u);
-    EXPECT_EQ(Host.AtomRuns[0].Source, "atom auto()\n{\necho bye\n}\n");
-    EXPECT_EQ(Host.Stored.size(), 1u);
-    EXPECT_TRUE(Host.LiveAtoms.empty()); // the script's atom went with the element
-}
-
 TEST_F(Element, ZOrderMovesRespectStrataOnlyWhereTheyShould) {
     TAVUElement* screen = g_UIManager.Screen;
     TAVUElement* a = MakeElement("a");
@@ -152,18 +140,6 @@ TEST_F(Element, ZOrderMovesRespectStrataOnlyWhereTheyShould) {
     a->Strata = -1;
     a->MoveZTop(false); // below everyone: to the bottom
     EXPECT_EQ(Order(screen), "abc");
-}
-
-TEST_F(Element, MoveZTopOfAnOnlyChildClimbsAndChangesNothingElse) {
-    TAVUElement* panel = MakeElement("Panel");
-    TAVUElement* other = MakeElement("Other");
-    TAVUElement* only = MakeElement("Only", panel);
-    g_UIManager.ZOrderChanged = false;
-    only->MoveZTop(true); // raises the parent among its siblings
-    EXPECT_TRUE(g_UIManager.ZOrderChanged);
-    EXPECT_EQ(panel->FirstChild, only);
-    EXPECT_EQ(g_UIManager.Screen->LastChild, panel);
-    EXPECT_EQ(g_UIManager.Screen->FirstChild, other);
 }
 
 TEST_F(Element, WalkJumpsOneSiblingFurtherWhenItClimbs) {
@@ -217,15 +193,6 @@ TEST_F(Element, HidingTheFocusThroughShowElementExitsTwice) {
     EXPECT_TRUE(g_UIManager.ToggleElement("Field"));
     EXPECT_TRUE(field->Visible);
     EXPECT_FALSE(g_UIManager.ToggleElement("Missing"));
-}
-
-TEST_F(Element, ToggleOfAFocusedParentMovesFocusOut) {
-    TAVUElement* window = Recording("Window");
-    TAVUElement* field = Recording("Field", window);
-    g_UIManager.SetFocusElement(field);
-    EXPECT_TRUE(g_UIManager.ToggleElement("Window"));
-    EXPECT_FALSE(window->Visible);
-    EXPECT_EQ(g_UIManager.FocusElementID, 0u);
 }
 
 TEST_F(Element, FactoryRegistrationIgnoresCaseRefusesOtherVersionsAndLaterWins) {
@@ -299,4 +266,25 @@ TEST_F(Element, CenterShiftsTheUnsignedDifference) {
     box->Width = 302; // wider than the parent: a logical shift of a negative difference
     box->Center();
     EXPECT_EQ(box->X, 0x7FFFFFFF);
+}
+
+TEST_F(Element, MoveZTopOfAnOnlyChildClimbsAndChangesNothingElse) {
+    TAVUElement* panel = MakeElement("Panel");
+    TAVUElement* other = MakeElement("Other");
+    TAVUElement* only = MakeElement("Only", panel);
+    g_UIManager.ZOrderChanged = false;
+    only->MoveZTop(true); // raises the parent among its siblings
+    EXPECT_TRUE(g_UIManager.ZOrderChanged);
+    EXPECT_EQ(panel->FirstChild, only);
+    EXPECT_EQ(g_UIManager.Screen->LastChild, panel);
+    EXPECT_EQ(g_UIManager.Screen->FirstChild, other);
+}
+
+TEST_F(Element, ToggleOfAFocusedParentMovesFocusOut) {
+    TAVUElement* window = Recording("Window");
+    TAVUElement* field = Recording("Field", window);
+    g_UIManager.SetFocusElement(field);
+    EXPECT_TRUE(g_UIManager.ToggleElement("Window"));
+    EXPECT_FALSE(window->Visible);
+    EXPECT_EQ(g_UIManager.FocusElementID, 0u);
 }

@@ -52,29 +52,6 @@ TEST_F(Reading, EventsCompileWithTheirArgumentListsFromNodeOrTemplate) {
     EXPECT_TRUE(Host.Console.empty());
 }
 
-TEST_F(Reading, TexturesAndFontsComeFromKeysOrDefaults) {
-    TAVUElement* element = MakeElement("Drawn");
-    XMLNode* node = Parse("<panel><Background Filename=\"#fill\"/>"
-                          "<Font><Name>Mono</Name><Size>18</Size></Font></panel>");
-    TAVUTexture* fill = element->TextureFromXML(node, "Background", nullptr);
-    ASSERT_NE(fill, nullptr);
-    EXPECT_STREQ(fill->Filename, ""); // a plain fill, no file
-    EXPECT_EQ(element->TextureFromXML(node, "Missing", nullptr), nullptr);
-    TAVUFont* font = element->FontFromXML(node, "Font", nullptr);
-    ASSERT_NE(font, nullptr);
-    EXPECT_STREQ(font->Name, "Mono");
-    EXPECT_EQ(font->Height, 18u);
-    TAVUFont* fallback = element->FontFromXML(nullptr, "Font", nullptr);
-    EXPECT_STREQ(fallback->Name, "");
-    EXPECT_EQ(fallback->Height, 12u);
-    TAVUFixedFont* fixed = element->FixedFontFromXML(nullptr, "Font", nullptr);
-    EXPECT_EQ(fixed->Height, 12u);
-    TAVUTexture::Delete(fill);
-    TAVUFont::Delete(font);
-    TAVUFont::Delete(fallback);
-    TAVUFont::Delete(fixed);
-}
-
 TEST_F(Reading, TexturesFromScriptTextReplaceTheOldOneUnderASkin) {
     TAVUElement* element = MakeElement("Scripted");
     g_UIManager.AddTemplate("Plain", "<Template Filename=\"#fill\"/>");

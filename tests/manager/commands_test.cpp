@@ -74,15 +74,6 @@ TEST_F(Commands, UIUsageAndFailureMessages) {
                                         "Could not load interface file 'missing.xml'"}));
 }
 
-TEST_F(Commands, UILoadsUnderAParentAndWithAnUnknownSkinSilently) {
-    TAVUElement* window = MakeElement("Window");
-    EXPECT_EQ(
-        Run(UICommand, {"UI", "-load", "-parent", "Window", "-skin", "NoSuchSkin", "widgets.xml"}),
-        0);
-    EXPECT_TRUE(Host.Console.empty());
-    EXPECT_NE(window->FindChild("toolbar"), nullptr);
-}
-
 TEST_F(Commands, UIElementListsShowsHidesTogglesAndKills) {
     Run(UICommand, {"UI", "-load", "widgets.xml"});
     TAVUElement* toolbar = g_UIManager.FindElement("Toolbar");

@@ -25,18 +25,6 @@ TEST(ManagerConstruction, StartsWithItsDefaults) {
 
 class Manager : public ToolkitTest {};
 
-TEST_F(Manager, ShutdownDeletesTheTreeOnceAndIgnoresASecondCall) {
-    TAVUElement* panel = MakeElement("Panel");
-    MakeElement("Child", panel);
-    g_UIManager.Shutdown();
-    EXPECT_TRUE(g_UIManager.IsShutDown);
-    EXPECT_EQ(g_UIManager.Screen, nullptr);
-    EXPECT_EQ(g_UIManager.FindElement("Panel"), nullptr);
-    size_t calls = Host.Calls.size();
-    g_UIManager.Shutdown();
-    EXPECT_EQ(Host.Calls.size(), calls);
-}
-
 TEST_F(Manager, FindElementLeavesAnEmptyEntryThatALaterElementFills) {
     EXPECT_EQ(g_UIManager.FindElement("Later"), nullptr);
     ASSERT_EQ(g_UIManager.ElementsByName.count(utf8stringnocase("later")), 1u);
@@ -46,16 +34,6 @@ TEST_F(Manager, FindElementLeavesAnEmptyEntryThatALaterElementFills) {
     EXPECT_EQ(g_UIManager.ElementsByName.count(utf8stringnocase("")), 1u);
     EXPECT_EQ(g_UIManager.FindFactory("NoSuchType"), nullptr);
     EXPECT_EQ(g_UIManager.Factories.count(utf8stringnocase("nosuchtype")), 1u);
-}
-
-TEST_F(Manager, ResetKeepsFactoriesAndMakesANewScreen) {
-    MakeElement("Gone");
-    TAVUScreen* old = g_UIManager.Screen;
-    g_UIManager.Reset();
-    EXPECT_NE(g_UIManager.Screen, nullptr);
-    EXPECT_NE(g_UIManager.Screen, old == g_UIManager.Screen ? nullptr : old);
-    EXPECT_EQ(g_UIManager.FindElement("Gone"), nullptr);
-    EXPECT_NE(g_UIManager.FindFactory("testelement"), nullptr);
 }
 
 TEST_F(Manager, RenderTakesFrameTimeAndDisplaySize) {

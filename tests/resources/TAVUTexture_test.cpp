@@ -119,18 +119,6 @@ TEST_F(Texture, TheColourMaskAttributeWinsButMasksToZeroFromATemplate) {
     EXPECT_EQ(childOnTemplate->ColorMask, 0xFF445566u);
 }
 
-TEST_F(Texture, WithoutATemplateTheNodesOwnTemplateIsFoundThroughTheSkin) {
-    g_UIManager.AddTemplate("plain", "<Template><Border>1</Border></Template>");
-    g_UIManager.AddTemplate("night", "<Template><Border>7</Border></Template>");
-    TextureHolder plain = Read(R"(<T Template="Plain"/>)");
-    EXPECT_EQ(plain->Border, 1u);
-    TAVUSkin* skin = g_UIManager.NewSkin("Night");
-    skin->AddTemplate("plain", "night");
-    g_UIManager.CurrentSkin = skin;
-    TextureHolder skinned = Read(R"(<T Template="plain"/>)");
-    EXPECT_EQ(skinned->Border, 7u);
-}
-
 TEST_F(Texture, PreparingAndSizingGoThroughTheHostOnlyWhenNeeded) {
     Host.TextureSizes["sheet.png"] = {128, 32};
     TextureHolder texture{TAVUTexture::New("sheet.png")};
@@ -326,4 +314,16 @@ TEST(PathHelpers, OnlyRegularFilesExist) {
     // Cut at 511 characters: a name that only exists past the cut is not found.
     std::string longPath = DataPath("skin/button.png") + std::string(600, 'x');
     EXPECT_FALSE(PathFileExists(longPath.c_str()));
+}
+
+TEST_F(Texture, WithoutATemplateTheNodesOwnTemplateIsFoundThroughTheSkin) {
+    g_UIManager.AddTemplate("plain", "<Template><Border>1</Border></Template>");
+    g_UIManager.AddTemplate("night", "<Template><Border>7</Border></Template>");
+    TextureHolder plain = Read(R"(<T Template="Plain"/>)");
+    EXPECT_EQ(plain->Border, 1u);
+    TAVUSkin* skin = g_UIManager.NewSkin("Night");
+    skin->AddTemplate("plain", "night");
+    g_UIManager.CurrentSkin = skin;
+    TextureHolder skinned = Read(R"(<T Template="plain"/>)");
+    EXPECT_EQ(skinned->Border, 7u);
 }

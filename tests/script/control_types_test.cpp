@@ -13,18 +13,6 @@ protected:
     }
 };
 
-TEST_F(ControlTypes, EachControlReportsItsTypeAndCommandFormsKeepTheirBases) {
-    const std::pair<const char*, RXTypeDefinition*> types[] = {
-        {"frame", pTAVUFrameType},
-        {"button", pTAVUButtonType},
-        {"commandbutton", pTAVUButtonType},
-        {"checkbox", pTAVUCheckBoxType},
-        {"commandcheckbox", pTAVUCheckBoxType}};
-    for (const auto& type : types)
-        EXPECT_EQ(Make<TAVUElement>(type.first, type.first)->GetRXType(), type.second)
-            << type.first;
-}
-
 TEST_F(ControlTypes, FrameMembersGiveColoursAsIntsAndNamesClimbToTheElementType) {
     auto* frame = Make<TAVUFrame>("frame", "Panel");
     frame->BackgroundColor = 0xFF102030;

@@ -132,17 +132,6 @@ TEST(XMLParser, IllFormedTextFailsWithItsMessage) {
     }
 }
 
-TEST(XMLParser, RootIsNamedAndCurrentReturnsToIt) {
-    XMLParser parser;
-    ASSERT_TRUE(parser.ParseBuffer("<a><b/></a>", 0));
-    ASSERT_NE(parser.Root, nullptr);
-    EXPECT_STREQ(parser.Root->Name, "DOCUMENT ROOT");
-    EXPECT_EQ(parser.Root->Type, XMLNode::DocumentRoot);
-    EXPECT_EQ(parser.Current, parser.Root);
-    EXPECT_EQ(parser.Root->FirstChild, parser.Root->LastChild);
-    EXPECT_EQ(parser.Root->FirstChild->FirstChild->Parent, parser.Root->FirstChild);
-}
-
 TEST(XMLParser, ParsesOnlyOneDocumentUntilReset) {
     XMLParser parser;
     ASSERT_TRUE(parser.ParseBuffer("<a/>", 0));
@@ -156,17 +145,6 @@ TEST(XMLParser, ParsesOnlyOneDocumentUntilReset) {
     EXPECT_STREQ(parser.ErrorText, "Unknown Error");
     ASSERT_TRUE(parser.ParseBuffer("<b/>", 0));
     EXPECT_STREQ(parser.Root->FirstChild->Name, "b");
-}
-
-TEST(XMLParser, KeepTreeHandsTheTreeToTheCaller) {
-    XMLNode* root = nullptr;
-    {
-        XMLParser parser(true);
-        ASSERT_TRUE(parser.ParseBuffer("<a><b/></a>", 0));
-        root = parser.Root;
-    }
-    EXPECT_EQ(xmltest::Dump(root), "e:a\n  e:b\n");
-    root->Destroy();
 }
 
 TEST(XMLParser, EmptyOrBlankInputFailsWithoutRoot) {
