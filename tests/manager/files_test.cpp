@@ -81,13 +81,6 @@ TEST_F(InterfaceFiles, LoadingTwiceCollidesUnlessItReloads) {
     EXPECT_NE(g_UIManager.FindElement("Main")->ID, firstID);
 }
 
-TEST_F(InterfaceFiles, OneEntryLoadsUnderANewName) {
-    EXPECT_TRUE(g_UIManager.LoadInterfaceXML("layout.xml", "PLAIN", "Copy", false, nullptr));
-    EXPECT_NE(g_UIManager.FindElement("Copy"), nullptr);
-    EXPECT_EQ(g_UIManager.FindElement("Main"), nullptr);
-    EXPECT_EQ(g_UIManager.FindElement("Plain"), nullptr);
-}
-
 TEST_F(InterfaceFiles, UnloadRemovesFromTheScreenOnly) {
     TAVUElement* window = MakeElement("Window");
     g_UIManager.LoadInterfaceXML(window, "layout.xml", false, nullptr);
