@@ -24,15 +24,6 @@ protected:
         for (const char* name : {"layout.xml", "skins.xml", "broken.xml", "selfdelete.xml"})
             Host.InterfaceFiles[name] = DataFile(name);
     }
-    // The scripts that ran, by their source text.
-    std::vector<std::string> Ran() {
-        std::vector<std::string> ran;
-        for (const auto& run : Host.AtomRuns) {
-            size_t open = run.Source.find("{\n"), close = run.Source.rfind("\n}");
-            ran.push_back(run.Source.substr(open + 2, close - open - 2));
-        }
-        return ran;
-    }
 };
 
 TEST_F(InterfaceFiles, LoadsTemplatesElementsAndChildrenDeepestFirst) {
@@ -43,7 +34,7 @@ TEST_F(InterfaceFiles, LoadsTemplatesElementsAndChildrenDeepestFirst) {
     EXPECT_EQ(main->Width, 50); // the template's
     EXPECT_FLOAT_EQ(main->Alpha, 0.5f);
     EXPECT_FLOAT_EQ(main->FadeAlpha, 0.5f); // follows the alpha just read
-    EXPECT_EQ(Ran(), (std::vector<std::string>{"echo ok loaded", "echo main loaded"}));
+    EXPECT_EQ(Host.Ran(), (std::vector<std::string>{"echo ok loaded", "echo main loaded"}));
     // The node's "Children" hide the template's whole.
     EXPECT_NE(g_UIManager.FindElement("Ok@Main"), nullptr);
     EXPECT_EQ(main->FindChild("FromTemplate"), nullptr);

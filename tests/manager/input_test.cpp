@@ -13,16 +13,6 @@ protected:
             const char* arguments = "int X, int Y") {
         field = TAVUEmbeddedScript::New(element, source, arguments);
     }
-    // The sources of the atoms that ran, in order, without the atom frame.
-    std::vector<std::string> Ran() {
-        std::vector<std::string> ran;
-        for (const auto& run : Host.AtomRuns) {
-            std::string source = run.Source;
-            size_t open = source.find("{\n"), close = source.rfind("\n}");
-            ran.push_back(source.substr(open + 2, close - open - 2));
-        }
-        return ran;
-    }
     bool MoveTo(int x, int y) {
         _Point2i point{x, y};
         return g_UIManager.OnMouseMove(point);
@@ -39,7 +29,7 @@ TEST_F(Input, AClickRunsDownThenClickAndIsTakenBothWays) {
     EXPECT_EQ(g_UIManager.LeftPressedElementID, button->ID);
     EXPECT_EQ(g_UIManager.LeftButtonState, 2);
     EXPECT_TRUE(g_UIManager.OnLMouseUp());
-    EXPECT_EQ(Ran(), (std::vector<std::string>{"down", "click"}));
+    EXPECT_EQ(Host.Ran(), (std::vector<std::string>{"down", "click"}));
     EXPECT_EQ(Host.AtomRuns[1].Args, (std::vector<std::string>{"20", "15"}));
     EXPECT_FALSE(g_UIManager.OnLMouseUp()); // nothing is down any more
 }
@@ -67,16 +57,16 @@ TEST_F(Input, DoubleClickWithinTimeAndDistanceReplacesTheSecondDown) {
     g_UIManager.OnLMouseUp();
     TavuAdvanceClock(100);
     g_UIManager.OnLMouseDown(); // a third press: no new double click
-    EXPECT_EQ(Ran(), (std::vector<std::string>{"down", "double", "down"}));
+    EXPECT_EQ(Host.Ran(), (std::vector<std::string>{"down", "double", "down"}));
     g_UIManager.OnLMouseUp();
     TavuAdvanceClock(250); // too late for the fourth
     g_UIManager.OnLMouseDown();
-    EXPECT_EQ(Ran().back(), "down");
+    EXPECT_EQ(Host.Ran().back(), "down");
     g_UIManager.OnLMouseUp();
     TavuAdvanceClock(10);
     MoveTo(69, 59); // 11 and 2 pixels from the last press: 125, too far
     g_UIManager.OnLMouseDown();
-    EXPECT_EQ(Ran().back(), "down");
+    EXPECT_EQ(Host.Ran().back(), "down");
 }
 
 TEST_F(Input, ClickThroughSkipsPressAndReleaseButNotTheDoubleClick) {
@@ -91,10 +81,10 @@ TEST_F(Input, ClickThroughSkipsPressAndReleaseButNotTheDoubleClick) {
     EXPECT_TRUE(g_UIManager.OnLMouseDown()); // taken by the element behind
     EXPECT_EQ(g_UIManager.LeftPressedElementID, under->ID);
     EXPECT_TRUE(g_UIManager.OnLMouseUp());
-    EXPECT_EQ(Ran(), (std::vector<std::string>{"under click"}));
+    EXPECT_EQ(Host.Ran(), (std::vector<std::string>{"under click"}));
     g_UIManager.LeftClickElementID = glass->ID; // as if the glass had taken the last press
     EXPECT_TRUE(g_UIManager.OnLMouseDown());
-    EXPECT_EQ(Ran().back(), "glass double");
+    EXPECT_EQ(Host.Ran().back(), "glass double");
 }
 
 TEST_F(Input, ADragEndingElsewhereReleasesOnThePressedElementFirst) {
@@ -107,9 +97,9 @@ TEST_F(Input, ADragEndingElsewhereReleasesOnThePressedElementFirst) {
     MoveTo(5, 5);
     g_UIManager.OnLMouseDown();
     EXPECT_TRUE(MoveTo(110, 110)); // the pressed element keeps the mouse
-    EXPECT_EQ(Ran().back(), "drag");
+    EXPECT_EQ(Host.Ran().back(), "drag");
     EXPECT_TRUE(g_UIManager.OnLMouseUp()); // the handle has no click: the target behind does
-    EXPECT_EQ(Ran().back(), "target click");
+    EXPECT_EQ(Host.Ran().back(), "target click");
 }
 
 TEST_F(Input, APressRaisesTheTopLevelAncestorUnlessSomethingMovedInZ) {
@@ -188,7 +178,7 @@ TEST_F(Input, KeysGoToTheFocusAndClimbAndTheirUpFollowsTheDown) {
     EXPECT_FALSE(g_UIManager.OnKeyDown(27));
     g_UIManager.SetFocusElement(field);
     EXPECT_FALSE(g_UIManager.OnKeyUp(27));
-    EXPECT_EQ(Ran().back(), "field up");
+    EXPECT_EQ(Host.Ran().back(), "field up");
     EXPECT_TRUE(g_UIManager.KeyStates.count(0x1000) == 0);
     EXPECT_FALSE(g_UIManager.OnKeyDown(0x1000)); // extra buttons above 255: KeyStates only
     EXPECT_EQ(g_UIManager.KeyStates[0x1000], 0x80);
@@ -249,5 +239,5 @@ TEST_F(Input, FocusMovingToAnElementThatTheExitDeletedGoesNowhere) {
     };
     g_UIManager.SetFocusElement(second);
     EXPECT_EQ(g_UIManager.FocusElementID, 0u);
-    EXPECT_EQ(Ran(), (std::vector<std::string>{"delete the next"}));
+    EXPECT_EQ(Host.Ran(), (std::vector<std::string>{"delete the next"}));
 }

@@ -85,6 +85,16 @@ size_t FakeHost::Count(const std::string& name) const {
     return CallsNamed(name).size();
 }
 
+std::vector<std::string> FakeHost::Ran() const {
+    std::vector<std::string> ran;
+    for (const AtomRun& run : AtomRuns) {
+        size_t open = run.Source.find("{\n"), close = run.Source.rfind("\n}");
+        ran.push_back(open == std::string::npos ? run.Source
+                                                : run.Source.substr(open + 2, close - open - 2));
+    }
+    return ran;
+}
+
 void FakeHost::ClearRecords() {
     Calls.clear();
     Console.clear();

@@ -109,6 +109,8 @@ public:
     // The calls of one name, and how many there were.
     std::vector<Call> CallsNamed(const std::string& name) const;
     size_t Count(const std::string& name) const;
+    // The bodies of the atoms that ran, in order, without the atom frame.
+    std::vector<std::string> Ran() const;
     // Forgets everything recorded (answers stay as set).
     void ClearRecords();
 
