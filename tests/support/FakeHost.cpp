@@ -85,6 +85,17 @@ size_t FakeHost::Count(const std::string& name) const {
     return CallsNamed(name).size();
 }
 
+std::string FakeHost::Text::Line() const {
+    return Value + " " + RectText(&Rect) + " " + Hex(Color) + " " + Hex(Format);
+}
+
+std::vector<std::string> FakeHost::TextLines() const {
+    std::vector<std::string> lines;
+    for (const Text& text : Texts)
+        lines.push_back(text.Line());
+    return lines;
+}
+
 std::vector<std::string> FakeHost::Ran() const {
     std::vector<std::string> ran;
     for (const AtomRun& run : AtomRuns) {

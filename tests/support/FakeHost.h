@@ -53,7 +53,10 @@ public:
         tagRECT Rect;
         unsigned Color;
         unsigned Format;
+        std::string Line() const; // "text left,top,right,bottom colour format"
     };
+    // Every text drawn, as lines.
+    std::vector<std::string> TextLines() const;
     struct AtomRun {
         unsigned Atom;
         std::string Source;            // the compiled text
