@@ -238,23 +238,6 @@ TEST(RXTypeDefinition, UnknownNamesClimbTheFallbackChainToMinusOne) {
     EXPECT_EQ(0, button.DispatchMethod(nothing, "Show", 0, nullptr));
 }
 
-TEST(RXTypeDefinition, AMemberAndAMethodMayShareAName) {
-    GadgetType type("element");
-    EXPECT_TRUE(type.AddMember(MemberWidth, "AddChild", nullptr));
-    EXPECT_TRUE(type.AddMethod(9, "AddChild", nullptr));
-    RXObjectData object = ObjectOf(&type);
-    _RXTypeVar result{};
-    EXPECT_EQ(1, type.DispatchMember(object, "AddChild", 0, nullptr, result));
-    EXPECT_EQ(MemberWidth, type.LastMemberID);
-    EXPECT_EQ(1, type.DispatchMethod(object, "AddChild", 0, nullptr));
-    EXPECT_EQ(9u, type.LastMethodID);
-    EXPECT_TRUE(type.RemoveMethod("AddChild", nullptr));
-    EXPECT_EQ(1, type.DispatchMember(object, "AddChild", 0, nullptr, result));
-    EXPECT_EQ(-1, type.DispatchMethod(object, "AddChild", 0, nullptr));
-    EXPECT_EQ(10u, type.NextMethodID);
-    EXPECT_EQ(2u, type.NextMemberID);
-}
-
 TEST(RXTypeDefinition, InheritanceFollowsTheDeclaredBaseOnly) {
     RXTypeDefinition element("element"), frame("frame"), window("window");
     element.AddMember(1, "Name", nullptr);
