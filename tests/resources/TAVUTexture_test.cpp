@@ -54,6 +54,16 @@ protected:
         return text;
     }
 
+    // What reading a texture from XML text finds: its file name and, for
+    // those that want them, its fields; "(none)" when nothing is made.
+    std::string FileOf(const std::string& xml, bool fields = false) {
+        TAVUTexture* texture = TAVUTexture::NewFromXML(Parse(xml));
+        std::string found = texture ? texture->Filename : "(none)";
+        if (texture && fields) found += " " + Fields(*texture);
+        TAVUTexture::Delete(texture);
+        return found;
+    }
+
     size_t CallsWith(const char* name, const std::string& firstArgument) {
         size_t count = 0;
         for (const auto& call : Host.CallsNamed(name))
@@ -215,69 +225,36 @@ TEST_F(Texture, ReadingFromXMLFindsTheFileBesideTheInterfaceThenOnTheSearchPath)
     Host.TextureFiles["button.png"] = DataPath("search/button.png");
     Host.TextureFiles["shared.png"] = DataPath("search/shared.png");
     Host.TextureFiles["stale.png"] = DataPath("search/deleted-since.png");
-
-    XMLNode* beside = Parse(R"(<Button Filename="button.png"><Border>2</Border></Button>)");
-    TextureHolder local{TAVUTexture::NewFromXML(beside)};
-    ASSERT_NE(local.Texture, nullptr);
-    EXPECT_EQ(local->Filename, DataPath("skin/button.png"));
-    EXPECT_EQ(local->Border, 2u);
+    EXPECT_EQ(FileOf(R"(<Button Filename="button.png"/>)"), DataPath("skin/button.png"));
     EXPECT_EQ(Host.Count("FindTextureFile"), 0u);
-
-    XMLNode* searched = Parse(R"(<Button Filename="shared.png"/>)");
-    TextureHolder shared{TAVUTexture::NewFromXML(searched)};
-    ASSERT_NE(shared.Texture, nullptr);
-    EXPECT_EQ(shared->Filename, DataPath("search/shared.png"));
-
-    XMLNode* stale = Parse(R"(<Button Filename="stale.png"/>)");
-    EXPECT_EQ(TAVUTexture::NewFromXML(stale), nullptr); // the host's answer must exist too
-    XMLNode* nowhere = Parse(R"(<Button Filename="nowhere.png"/>)");
-    EXPECT_EQ(TAVUTexture::NewFromXML(nowhere), nullptr);
+    EXPECT_EQ(FileOf(R"(<Button Filename="shared.png"/>)"), DataPath("search/shared.png"));
+    // The host's answer must exist too.
+    EXPECT_EQ(FileOf(R"(<Button Filename="stale.png"/>)"), "(none)");
+    EXPECT_EQ(FileOf(R"(<Button Filename="nowhere.png"/>)"), "(none)");
     EXPECT_TRUE(Host.Console.empty());
+    // A full path given in the file stands as it is.
+    EXPECT_EQ(FileOf("<Button Filename=\"" + DataPath("search/shared.png") + "\"/>"),
+              DataPath("search/shared.png"));
 
     // An interface file without a folder: only the host is asked.
     StrCopyBounded(g_UIManager.CurrentFile, "interface.xml", sizeof(g_UIManager.CurrentFile));
     Host.ClearRecords();
-    TextureHolder viaHost{TAVUTexture::NewFromXML(beside)};
-    ASSERT_NE(viaHost.Texture, nullptr);
-    EXPECT_EQ(viaHost->Filename, DataPath("search/button.png"));
+    EXPECT_EQ(FileOf(R"(<Button Filename="button.png"/>)"), DataPath("search/button.png"));
     EXPECT_EQ(Host.Count("FindTextureFile"), 1u);
-
-    // A full path given in the file stands as it is.
-    std::string full = "<Button Filename=\"" + DataPath("search/shared.png") + "\"/>";
-    XMLNode* absolute = Parse(full.c_str());
-    TextureHolder direct{TAVUTexture::NewFromXML(absolute)};
-    ASSERT_NE(direct.Texture, nullptr);
-    EXPECT_EQ(direct->Filename, DataPath("search/shared.png"));
 }
 
 TEST_F(Texture, HashNamesAreNoFilesAndTheTemplateMayNameTheFile) {
-    XMLNode* fill =
-        Parse(R"(<Background Filename="#FILL"><ColorMask>FF000080</ColorMask></Background>)");
-    TextureHolder plain{TAVUTexture::NewFromXML(fill)};
-    ASSERT_NE(plain.Texture, nullptr);
-    EXPECT_STREQ(plain->Filename, "");
-    EXPECT_EQ(plain->ColorMask, 0xFF000080u);
-
-    XMLNode* other = Parse(R"(<Background Filename="#gradient"/>)");
-    TextureHolder special{TAVUTexture::NewFromXML(other)};
-    ASSERT_NE(special.Texture, nullptr);
-    EXPECT_STREQ(special->Filename, "#gradient");
-
     g_UIManager.AddTemplate("filled",
                             R"(<Template Filename="#fill"><Border>6</Border></Template>)");
     g_UIManager.AddTemplate("blank", R"(<Template><Border>6</Border></Template>)");
-    XMLNode* fromTemplate =
-        Parse(R"(<Background Template="FILLED"><Alpha>0.5</Alpha></Background>)");
-    TextureHolder inherited{TAVUTexture::NewFromXML(fromTemplate)};
-    ASSERT_NE(inherited.Texture, nullptr);
-    EXPECT_STREQ(inherited->Filename, "");
-    EXPECT_EQ(inherited->Border, 6u);
-    EXPECT_FLOAT_EQ(inherited->Alpha, 0.5f);
-
-    XMLNode* noName = Parse(R"(<Background Template="blank"/>)");
-    EXPECT_EQ(TAVUTexture::NewFromXML(noName), nullptr);
-    XMLNode* unknown = Parse(R"(<Background Template="unknown"/>)");
-    EXPECT_EQ(TAVUTexture::NewFromXML(unknown), nullptr);
+    // "#fill" in any case is a plain fill; other hash names stand as written.
+    EXPECT_EQ(FileOf(R"(<T Filename="#FILL"><ColorMask>FF000080</ColorMask></T>)", true),
+              " 4 0,0,0,0 b0 o0 a1 mFF000080 k00000000 0,0,0,0,0,0");
+    EXPECT_EQ(FileOf(R"(<Background Filename="#gradient"/>)"), "#gradient");
+    EXPECT_EQ(FileOf(R"(<T Template="FILLED"><Alpha>0.5</Alpha></T>)", true),
+              " 2 0,0,0,0 b6 o0 a0.5 m00000000 k00000000 0,0,0,0,0,0");
+    EXPECT_EQ(FileOf(R"(<Background Template="blank"/>)"), "(none)");
+    EXPECT_EQ(FileOf(R"(<Background Template="unknown"/>)"), "(none)");
     EXPECT_EQ(TAVUTexture::NewFromXML(nullptr), nullptr);
 }
 
