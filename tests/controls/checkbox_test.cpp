@@ -22,16 +22,20 @@ TEST_F(CheckBoxTest, ChoosesAmongSixLooksByStatePressAndHover) {
                             "<TextureChecked Filename=\"#on\"/>"
                             "<TextureCheckedHover Filename=\"#onlit\"/>");
     ASSERT_NE(box, nullptr);
-    EXPECT_EQ(Shown(box), "#off");
-    box->Pressed = true;
-    EXPECT_EQ(Shown(box), "#offdown");
-    g_UIManager.MouseOverElementID = box->ID;
-    box->Checked = true;
-    EXPECT_EQ(Shown(box), "#onlit"); // no checked-pressed look: hover comes next
-    box->Pressed = false;
-    g_UIManager.MouseOverElementID = 0;
-    EXPECT_EQ(Shown(box), "#on");
-
+    // Ticked, held, under the pointer, and the look; there is no checked-pressed
+    // look, so hover comes next.
+    const struct {
+        bool Checked, Pressed, Over;
+        const char* Look;
+    } cases[] = {{false, false, false, "#off"},
+                 {false, true, false, "#offdown"},
+                 {true, true, true, "#onlit"},
+                 {true, false, false, "#on"}};
+    for (const auto& c : cases) {
+        box->Checked = c.Checked, box->Pressed = c.Pressed;
+        g_UIManager.MouseOverElementID = c.Over ? box->ID : 0;
+        EXPECT_EQ(Shown(box), c.Look);
+    }
     TAVUTexture::Delete(box->TextureChecked);
     box->TextureChecked = nullptr;
     EXPECT_EQ(Shown(box), "#off"); // ticked without a ticked look
