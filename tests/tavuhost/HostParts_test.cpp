@@ -181,12 +181,7 @@ TEST(TraceWriter, FieldsAreWrittenInTheirFixedForms) {
     EXPECT_EQ("null", TraceWriter::Text(nullptr));
     tagRECT rect{1, -2, 3, 4};
     EXPECT_EQ("1 -2 3 4", TraceWriter::Rect(&rect));
-    TAVUDrawRecord record{};
-    record.Flags = 7;
-    record.Left = 1, record.Top = 2, record.Right = 3, record.Bottom = 4;
-    record.TextureLeft = 5, record.TextureTop = 6, record.TextureRight = 7,
-    record.TextureBottom = 8;
-    record.Texture = 9, record.Alpha = 255, record.Orientation = 2, record.ColorMask = 0x80FF0000;
+    TAVUDrawRecord record{7, 1, 2, 3, 4, 5, 6, 7, 8, 9, 255, 2, {0, 0}, 0x80FF0000};
     EXPECT_EQ("0x00000007 1 2 3 4 5 6 7 8 9 255 2 0x80FF0000", TraceWriter::Record(&record));
 }
 
