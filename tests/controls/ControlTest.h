@@ -45,13 +45,8 @@ protected:
     template <class T = TAVUElement>
     T* Load(const char* type, const char* name, const char* xml,
             const char* templateName = nullptr) {
-        Documents.push_back(std::make_unique<XMLParser>());
-        XMLParser& document = *Documents.back();
-        EXPECT_TRUE(document.ParseBuffer(xml, strlen(xml))) << xml;
-        XMLNode* node = document.Root ? document.Root->FirstChild : nullptr;
-        while (node && node->Type != XMLNode::Element)
-            node = node->Next;
-        return static_cast<T*>(g_UIManager.LoadElement(Parent, type, name, node, templateName));
+        return static_cast<T*>(
+            g_UIManager.LoadElement(Parent, type, name, Parse(xml), templateName));
     }
 
     // Draws the screen once, from a clean record.
@@ -70,5 +65,4 @@ protected:
 
     _Point2i Point{0, 0};
     NotifiedParent* Parent = nullptr;
-    std::vector<std::unique_ptr<XMLParser>> Documents;
 };

@@ -22,16 +22,20 @@ TEST_F(CheckBoxTest, ChoosesAmongSixLooksByStatePressAndHover) {
                             "<TextureChecked Filename=\"#on\"/>"
                             "<TextureCheckedHover Filename=\"#onlit\"/>");
     ASSERT_NE(box, nullptr);
-    EXPECT_EQ(Shown(box), "#off");
-    box->Pressed = true;
-    EXPECT_EQ(Shown(box), "#offdown");
-    g_UIManager.MouseOverElementID = box->ID;
-    box->Checked = true;
-    EXPECT_EQ(Shown(box), "#onlit"); // no checked-pressed look: hover comes next
-    box->Pressed = false;
-    g_UIManager.MouseOverElementID = 0;
-    EXPECT_EQ(Shown(box), "#on");
-
+    // Ticked, held, under the pointer, and the look; there is no checked-pressed
+    // look, so hover comes next.
+    const struct {
+        bool Checked, Pressed, Over;
+        const char* Look;
+    } cases[] = {{false, false, false, "#off"},
+                 {false, true, false, "#offdown"},
+                 {true, true, true, "#onlit"},
+                 {true, false, false, "#on"}};
+    for (const auto& c : cases) {
+        box->Checked = c.Checked, box->Pressed = c.Pressed;
+        g_UIManager.MouseOverElementID = c.Over ? box->ID : 0;
+        EXPECT_EQ(Shown(box), c.Look);
+    }
     TAVUTexture::Delete(box->TextureChecked);
     box->TextureChecked = nullptr;
     EXPECT_EQ(Shown(box), "#off"); // ticked without a ticked look
@@ -86,22 +90,22 @@ TEST_F(CheckBoxTest, ReleaseTogglesWhereverThePointerIsAndTellsTheParent) {
 
 class CommandCheckBoxTest : public CheckBoxTest {};
 
-TEST_F(CommandCheckBoxTest, TickingRunsCommandAndUntickingRunsCommandChecked) {
-    TAVUCheckBox* box = Box("<Command>music on</Command><CommandChecked>music off</CommandChecked>",
-                            "commandcheckbox");
-    ASSERT_NE(box, nullptr);
-    box->OnLMouseUp(Point);
-    box->OnLMouseUp(Point);
-    EXPECT_EQ(Host.Commands, (std::vector<std::string>{"music on", "music off"}));
-    EXPECT_FALSE(box->Checked);
-}
-
-TEST_F(CommandCheckBoxTest, WithoutCommandCheckedTheCommandRunsBothWays) {
-    TAVUCheckBox* box = Box("<Command>toggle music</Command>", "commandcheckbox");
-    ASSERT_NE(box, nullptr);
-    box->OnLMouseUp(Point);
-    box->OnLMouseUp(Point);
-    EXPECT_EQ(Host.Commands, (std::vector<std::string>{"toggle music", "toggle music"}));
+// Ticking runs Command, unticking CommandChecked, or Command again without one.
+TEST_F(CommandCheckBoxTest, TickingAndUntickingRunTheirCommands) {
+    const std::pair<const char*, std::vector<std::string>> cases[] = {
+        {"<Command>music on</Command><CommandChecked>music off</CommandChecked>",
+         {"music on", "music off"}},
+        {"<Command>toggle music</Command>", {"toggle music", "toggle music"}}};
+    for (const auto& c : cases) {
+        Host.ClearRecords();
+        TAVUCheckBox* box = Box(c.first, "commandcheckbox");
+        ASSERT_NE(box, nullptr) << c.first;
+        box->OnLMouseUp(Point);
+        box->OnLMouseUp(Point);
+        EXPECT_EQ(Host.Commands, c.second) << c.first;
+        EXPECT_FALSE(box->Checked) << c.first;
+        Parent->DeleteChild(box);
+    }
 }
 
 TEST_F(CommandCheckBoxTest, DataDecidesTheTickAtEveryFrame) {

@@ -13,9 +13,24 @@ protected:
         element = MakeElement("Canvas");
         Host.ClearRecords();
     }
-    static std::string RectOf(const FakeHost::Fill& fill) {
-        return std::to_string(fill.Rect.left) + "," + std::to_string(fill.Rect.top) + "," +
-               std::to_string(fill.Rect.right) + "," + std::to_string(fill.Rect.bottom);
+    // The fills as "left,top,right,bottom colour" lines, in order.
+    std::vector<std::string> Fills() const {
+        std::vector<std::string> fills;
+        for (const FakeHost::Fill& f : Host.Fills)
+            fills.push_back(Rect(f.Rect.left, f.Rect.top, f.Rect.right, f.Rect.bottom) + " " +
+                            Hex(f.Color));
+        return fills;
+    }
+    static std::string Rect(long left, long top, long right, long bottom) {
+        return std::to_string(left) + "," + std::to_string(top) + "," + std::to_string(right) +
+               "," + std::to_string(bottom);
+    }
+    // A record as "flags rect source texture alpha orientation mask".
+    static std::string Fields(const TAVUDrawRecord& r) {
+        return Hex(r.Flags) + " " + Rect(r.Left, r.Top, r.Right, r.Bottom) + " " +
+               Rect(r.TextureLeft, r.TextureTop, r.TextureRight, r.TextureBottom) + " " +
+               std::to_string(r.Texture) + " " + std::to_string(r.Alpha) + " " +
+               std::to_string(r.Orientation) + " " + Hex(r.ColorMask);
     }
     TAVUElement* element = nullptr;
 };
@@ -29,32 +44,23 @@ TEST_F(Drawing, ColourAlphaScalesWithTheElementAndKeepsTheColour) {
 }
 
 TEST_F(Drawing, FillsSkipOnlyWhatIsWhollyOffScreen) {
-    tagRECT left{-50, 0, -1, 10};
-    EXPECT_TRUE(element->FillRect(left, 0xFF000000u));
-    tagRECT below{0, 601, 10, 700};
-    EXPECT_TRUE(element->FillRect(below, 0xFF000000u));
-    EXPECT_TRUE(Host.Fills.empty());
-    tagRECT edge{800, 0, 900, 10}; // starts exactly at the screen's width: still drawn
-    EXPECT_TRUE(element->FillRect(edge, 0x80FF0000u));
-    ASSERT_EQ(Host.Fills.size(), 1u);
-    EXPECT_EQ(Host.Fills[0].Color, 0x80FF0000u);
+    // Starting exactly at the screen's width is still drawn.
+    tagRECT rects[] = {{-50, 0, -1, 10}, {0, 601, 10, 700}, {800, 0, 900, 10}};
+    for (tagRECT& rect : rects)
+        EXPECT_TRUE(element->FillRect(rect, 0x80FF0000u));
+    EXPECT_EQ(Fills(), std::vector<std::string>{"800,0,900,10 0x80ff0000"});
 }
 
 TEST_F(Drawing, BorderedFillDrawsFourStripsThenTheInside) {
     tagRECT rect{10, 20, 110, 70};
     element->FillRectBordered(rect, 0xFF0000FFu, 2, 0xFFFFFFFFu);
-    ASSERT_EQ(Host.Fills.size(), 5u);
-    EXPECT_EQ(RectOf(Host.Fills[0]), "10,20,110,22");
-    EXPECT_EQ(RectOf(Host.Fills[1]), "10,22,12,68");
-    EXPECT_EQ(RectOf(Host.Fills[2]), "108,22,110,68");
-    EXPECT_EQ(RectOf(Host.Fills[3]), "10,68,110,70");
-    EXPECT_EQ(RectOf(Host.Fills[4]), "12,22,108,68");
-    EXPECT_EQ(Host.Fills[3].Color, 0xFFFFFFFFu);
-    EXPECT_EQ(Host.Fills[4].Color, 0xFF0000FFu);
+    EXPECT_EQ(Fills(),
+              (std::vector<std::string>{"10,20,110,22 0xffffffff", "10,22,12,68 0xffffffff",
+                                        "108,22,110,68 0xffffffff", "10,68,110,70 0xffffffff",
+                                        "12,22,108,68 0xff0000ff"}));
     Host.ClearRecords();
     element->FillRectBordered(rect, 0xFF0000FFu, 0, 0xFFFFFFFFu); // no border: one fill
-    ASSERT_EQ(Host.Fills.size(), 1u);
-    EXPECT_EQ(RectOf(Host.Fills[0]), "10,20,110,70");
+    EXPECT_EQ(Fills(), std::vector<std::string>{"10,20,110,70 0xff0000ff"});
     Host.ClearRecords();
     tagRECT offScreen{-100, -100, -90, -90};
     EXPECT_TRUE(element->DrawBorder(offScreen, 1, 0xFF00FF00u)); // no off-screen test here
@@ -64,20 +70,13 @@ TEST_F(Drawing, BorderedFillDrawsFourStripsThenTheInside) {
 TEST_F(Drawing, LineRecordsCarryTheirOddAlphaByte) {
     _Line line{1, 2, 30, 40};
     element->DrawLine(line, 0xFF123456u, 3);
-    ASSERT_EQ(Host.DrawRecords.size(), 1u);
-    const TAVUDrawRecord& record = Host.DrawRecords[0];
-    EXPECT_EQ(record.Flags, 6u);
-    EXPECT_EQ(record.Left, 1);
-    EXPECT_EQ(record.Top, 2);
-    EXPECT_EQ(record.Right, 30);
-    EXPECT_EQ(record.Bottom, 40);
-    EXPECT_EQ(record.Texture, 1u);
-    EXPECT_EQ(record.ColorMask, 0xFF123456u); // the colour as given
-    EXPECT_EQ(record.Alpha, 1);               // 255 * 255, low byte
-    EXPECT_EQ(Host.LineWidths[0], 3u);
     element->CurrentAlpha = 0.5f;
     element->DrawLine(line, 0xFF123456u, 1);
+    ASSERT_EQ(Host.DrawRecords.size(), 2u);
+    // Untextured, the colour as given, and the alpha the low byte of 255 * 255.
+    EXPECT_EQ(Fields(Host.DrawRecords[0]), "0x00000006 1,2,30,40 0,0,0,0 1 1 0 0xff123456");
     EXPECT_EQ(Host.DrawRecords[1].Alpha, uint8_t(127 * 255));
+    EXPECT_EQ(Host.LineWidths, (std::vector<unsigned>{3, 1}));
 }
 
 TEST_F(Drawing, LineBatchesShareOneRecordWithTheAdjustedColour) {
@@ -115,15 +114,12 @@ TEST_F(TexturedDrawing, ATexturedRectCarriesTheTexturesFieldsAndItsAlphaUncapped
     tagRECT rect{5, 6, 50, 60};
     EXPECT_TRUE(element->TexturedRect(rect, texture));
     ASSERT_EQ(Host.DrawRecords.size(), 1u);
-    const TAVUDrawRecord& record = Host.DrawRecords[0];
-    EXPECT_EQ(record.Flags, 6u); // colour mask, and alpha always
-    EXPECT_EQ(record.Right, 50);
-    EXPECT_EQ(record.TextureRight, 0); // no size taken: zeros, rectangle flag clear
-    EXPECT_EQ(record.Texture, texture->Texture);
-    EXPECT_EQ(record.Alpha, 102); // 0.8 * 0.5 * 255
-    EXPECT_EQ(record.Orientation, 2);
-    EXPECT_EQ(record.ColorMask, 0xFF00FF00u);
-    texture->Alpha = 1.5f; // no cap: the low byte of 382
+    // Colour mask and alpha flags; no size taken, so a zero source and no
+    // rectangle flag; alpha 0.8 * 0.5 * 255.
+    EXPECT_EQ(Fields(Host.DrawRecords[0]), "0x00000006 5,6,50,60 0,0,0,0 " +
+                                               std::to_string(texture->Texture) +
+                                               " 102 2 0xff00ff00");
+    texture->Alpha = 1.5f; // no cap: the low byte of 306
     EXPECT_TRUE(element->TexturedRect(rect, texture));
     EXPECT_EQ(Host.DrawRecords[1].Alpha, uint8_t(int(0.8f * 1.5f * 255.0f)));
     EXPECT_FALSE(element->TexturedRect(rect, nullptr));
@@ -139,16 +135,13 @@ TEST_F(TexturedDrawing, ABorderedTextureIsNineCellsKeepingItsFrame) {
     EXPECT_TRUE(element->TexturedRectBordered(rect, texture, 4));
     ASSERT_EQ(Host.Count("TexturedRects"), 1u);
     ASSERT_EQ(Host.DrawRecords.size(), 9u);
-    const TAVUDrawRecord& corner = Host.DrawRecords[0];
-    EXPECT_EQ(corner.Right, 4);
-    EXPECT_EQ(corner.Bottom, 4);
+    const TAVUDrawRecord &corner = Host.DrawRecords[0], &middle = Host.DrawRecords[4];
+    EXPECT_EQ(Rect(corner.Left, corner.Top, corner.Right, corner.Bottom), "0,0,4,4");
     EXPECT_EQ(corner.TextureRight, 10);
-    const TAVUDrawRecord& middle = Host.DrawRecords[4];
-    EXPECT_EQ(middle.Left, 4);
-    EXPECT_EQ(middle.Right, 96);
-    EXPECT_EQ(middle.Bottom, 46);
-    EXPECT_EQ(middle.TextureLeft, 10);
-    EXPECT_EQ(middle.TextureRight, 20);
+    EXPECT_EQ(Rect(middle.Left, middle.Top, middle.Right, middle.Bottom), "4,4,96,46");
+    EXPECT_EQ(
+        Rect(middle.TextureLeft, middle.TextureTop, middle.TextureRight, middle.TextureBottom),
+        "10,10,20,20");
     EXPECT_EQ(Host.DrawRecords[8].TextureBottom, 30);
     Host.ClearRecords();
     EXPECT_TRUE(element->TexturedRectBordered(rect, texture, 0)); // no width: one plain rect
@@ -158,25 +151,22 @@ TEST_F(TexturedDrawing, ABorderedTextureIsNineCellsKeepingItsFrame) {
 TEST_F(TexturedDrawing, TurnedBorderedTexturesMoveTheSourceCellsAround) {
     texture->Border = 10;
     tagRECT rect{0, 0, 90, 90};
-    auto sourceOf = [&](int cell) {
-        const TAVUDrawRecord& r = Host.DrawRecords[size_t(cell)];
-        return std::to_string(r.TextureLeft / 10) + std::to_string(r.TextureTop / 10);
-    };
-    texture->Orientation = 1; // a quarter turn clockwise: bottom-left comes to top-left
-    element->TexturedRectBordered(rect, texture, 10);
-    EXPECT_EQ(sourceOf(0), "02");
-    EXPECT_EQ(sourceOf(2), "00");
-    EXPECT_EQ(sourceOf(8), "20");
-    Host.ClearRecords();
-    texture->Orientation = 2;
-    element->TexturedRectBordered(rect, texture, 10);
-    EXPECT_EQ(sourceOf(0), "22");
-    EXPECT_EQ(sourceOf(1), "12");
-    Host.ClearRecords();
-    texture->Orientation = 3;
-    element->TexturedRectBordered(rect, texture, 10);
-    EXPECT_EQ(sourceOf(0), "20");
-    EXPECT_EQ(sourceOf(6), "00");
+    // Per orientation, the source cell (column, row) of drawn cells 0, 1, 2, 6
+    // and 8: a quarter turn clockwise brings bottom-left to top-left.
+    const std::pair<uint8_t, const char*> cases[] = {
+        {1, "02 01 00 22 20"}, {2, "22 12 02 20 00"}, {3, "20 21 22 00 02"}};
+    for (const auto& c : cases) {
+        Host.ClearRecords();
+        texture->Orientation = c.first;
+        element->TexturedRectBordered(rect, texture, 10);
+        std::string sources;
+        for (int cell : {0, 1, 2, 6, 8}) {
+            const TAVUDrawRecord& r = Host.DrawRecords[size_t(cell)];
+            sources += (sources.empty() ? "" : " ") + std::to_string(r.TextureLeft / 10) +
+                       std::to_string(r.TextureTop / 10);
+        }
+        EXPECT_EQ(sources, c.second) << "orientation " << int(c.first);
+    }
 }
 
 TEST_F(TexturedDrawing, BatchesRefuseAnyMissingTextureAndDrawNothing) {

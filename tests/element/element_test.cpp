@@ -116,18 +116,6 @@ TEST_F(Element, DeleteWithoutFactoryWarnsAndKeepsTheElement) {
     g_UIManager.Screen->FirstChild = g_UIManager.Screen->LastChild = nullptr;
 }
 
-TEST_F(Element, DeleteRunsOnUnloadAndStoresPosition) {
-    TAVUElement* element = MakeElement("Stored");
-    element->OnUnload = TAVUEmbeddedScript::New(element, "echo bye", nullptr);
-    element->StorePosition = true;
-    Host.ClearRecords();
-    g_UIManager.Screen->DeleteChild(element);
-    ASSERT_EQ(Host.AtomRuns.size(), 1u);
-    EXPECT_EQ(Host.AtomRuns[0].Source, "atom auto()\n{\necho bye\n}\n");
-    EXPECT_EQ(Host.Stored.size(), 1u);
-    EXPECT_TRUE(Host.LiveAtoms.empty()); // the script's atom went with the element
-}
-
 TEST_F(Element, ZOrderMovesRespectStrataOnlyWhereTheyShould) {
     TAVUElement* screen = g_UIManager.Screen;
     TAVUElement* a = MakeElement("a");
@@ -152,18 +140,6 @@ TEST_F(Element, ZOrderMovesRespectStrataOnlyWhereTheyShould) {
     a->Strata = -1;
     a->MoveZTop(false); // below everyone: to the bottom
     EXPECT_EQ(Order(screen), "abc");
-}
-
-TEST_F(Element, MoveZTopOfAnOnlyChildClimbsAndChangesNothingElse) {
-    TAVUElement* panel = MakeElement("Panel");
-    TAVUElement* other = MakeElement("Other");
-    TAVUElement* only = MakeElement("Only", panel);
-    g_UIManager.ZOrderChanged = false;
-    only->MoveZTop(true); // raises the parent among its siblings
-    EXPECT_TRUE(g_UIManager.ZOrderChanged);
-    EXPECT_EQ(panel->FirstChild, only);
-    EXPECT_EQ(g_UIManager.Screen->LastChild, panel);
-    EXPECT_EQ(g_UIManager.Screen->FirstChild, other);
 }
 
 TEST_F(Element, WalkJumpsOneSiblingFurtherWhenItClimbs) {
@@ -219,15 +195,6 @@ TEST_F(Element, HidingTheFocusThroughShowElementExitsTwice) {
     EXPECT_FALSE(g_UIManager.ToggleElement("Missing"));
 }
 
-TEST_F(Element, ToggleOfAFocusedParentMovesFocusOut) {
-    TAVUElement* window = Recording("Window");
-    TAVUElement* field = Recording("Field", window);
-    g_UIManager.SetFocusElement(field);
-    EXPECT_TRUE(g_UIManager.ToggleElement("Window"));
-    EXPECT_FALSE(window->Visible);
-    EXPECT_EQ(g_UIManager.FocusElementID, 0u);
-}
-
 TEST_F(Element, FactoryRegistrationIgnoresCaseRefusesOtherVersionsAndLaterWins) {
     EXPECT_EQ(g_UIManager.FindFactory("RECORDING"), &g_RecordingFactory);
     EXPECT_STREQ(g_RecordingFactory.TypeName, "recording");
@@ -243,75 +210,46 @@ TEST_F(Element, FactoryRegistrationIgnoresCaseRefusesOtherVersionsAndLaterWins) 
     g_UIManager.Factories[utf8stringnocase("recording")] = &g_RecordingFactory;
 }
 
-TEST_F(Element, FailedReadingDeletesTheNewElement) {
-    RecordingElement::NextFromXMLResult = false;
-    TAVUElement* made =
-        g_RecordingFactory.CreateUIElement(g_UIManager.Screen, "Broken", nullptr, "NoTemplate");
-    EXPECT_EQ(made, nullptr);
-    EXPECT_EQ(g_UIManager.Screen->FirstChild, nullptr);
-    EXPECT_EQ(g_UIManager.FindElement("Broken"), nullptr);
-    EXPECT_EQ(RecordingElement::Log, (std::vector<std::string>{"broken:destroy"}));
-    RecordingElement::NextFromXMLResult = true;
-    TAVUElement* fine = g_RecordingFactory.CreateUIElement(nullptr, "Loose", nullptr, nullptr);
-    ASSERT_NE(fine, nullptr);
-    EXPECT_EQ(fine->Parent, nullptr);
-    EXPECT_STREQ(fine->Type, "recording");
-    fine->Delete();
-}
-
-TEST_F(Element, GeometryFollowsTheParentOnlyWhenSomethingChanged) {
+TEST_F(Element, ANegativeParentSizeCountsAsUnsigned) {
     TAVUElement* panel = MakeElement("Panel");
-    panel->Width = 200;
-    panel->Height = 100;
+    panel->Height = -1;
     TAVUElement* child = MakeElement("Child", panel);
-    child->WidthPosition = {ElementPosition::Fraction, {.Factor = 0.5f}};
-    child->XPosition = {ElementPosition::FarEdge, {.Pixels = 30}};
-    TAVUElement* grandchild = MakeElement("Grand", child);
-    grandchild->WidthPosition = {ElementPosition::Fraction, {.Factor = 1.0f}};
-    child->RecalculateSize(true);
-    EXPECT_EQ(child->Width, 100);
-    EXPECT_EQ(child->X, 170);
-    EXPECT_EQ(grandchild->Width, 100);
-    grandchild->Width = 1; // an unchanged child cuts the walk: its subtree is not visited
-    child->RecalculateSize(true);
-    EXPECT_EQ(grandchild->Width, 1);
-    panel->Height = -1; // a negative parent size counts as unsigned
     child->HeightPosition = {ElementPosition::FarEdge, {.Pixels = 0}};
     child->RecalculateSize(false);
     EXPECT_EQ(child->Height, -1);
 }
 
 TEST_F(Element, HitTestIncludesEdgesAndHonoursCircleShapes) {
-    TAVUElement* button = MakeElement("Round");
+    TAVUElement* button = MakeBox("Round", 0, 0, 100, 40);
     button->AbsolutePosition = {100, 100};
-    button->Width = 100;
-    button->Height = 40;
-    _Point2i edge{200, 140};
-    EXPECT_TRUE(button->HitTest(edge));
-    _Point2i outside{201, 140};
-    EXPECT_FALSE(button->HitTest(outside));
-    g_UIManager.SetMetadata(button->ID, "HitTest", "WIDTHCIRCLE");
-    _Point2i right{150 + 45, 120};
-    EXPECT_TRUE(button->HitTest(right));
-    _Point2i up{150, 120 - 45};
-    EXPECT_FALSE(button->HitTest(up)); // outside the box, above it
-    _Point2i corner{100, 100};
-    EXPECT_FALSE(button->HitTest(corner));
-    g_UIManager.SetMetadata(button->ID, "HitTest", "heightCircle");
-    _Point2i inside{150 + 19, 120};
-    EXPECT_TRUE(button->HitTest(inside));
-    _Point2i beyond{150 + 21, 120};
-    EXPECT_FALSE(button->HitTest(beyond));
+    const struct {
+        const char* Shape;
+        int X, Y;
+        bool Hit;
+    } cases[] = {
+        {"", 200, 140, true},
+        {"", 201, 140, false}, // the far edges are inside
+        {"WIDTHCIRCLE", 195, 120, true},
+        {"WIDTHCIRCLE", 150, 75, false}, // above the box
+        {"WIDTHCIRCLE", 100, 100, false},
+        {"heightCircle", 169, 120, true},
+        {"heightCircle", 171, 120, false},
+    };
+    for (const auto& c : cases) {
+        if (*c.Shape) g_UIManager.SetMetadata(button->ID, "HitTest", c.Shape);
+        _Point2i point{c.X, c.Y};
+        EXPECT_EQ(button->HitTest(point), c.Hit) << c.Shape << " " << c.X << "," << c.Y;
+    }
 }
 
 TEST_F(Element, ColourCodesAreSkippedWithoutReadingPastTheText) {
-    EXPECT_EQ(TAVUElement::ColorStrlen("ab\a#FF0000cd"), 4u);
-    EXPECT_EQ(TAVUElement::ColorStrlen("\a-rX"), 1u);     // a dash form is three bytes of code
-    EXPECT_EQ(TAVUElement::ColorStrlen("\a-zHello"), 5u); // even with an unknown letter
-    EXPECT_EQ(TAVUElement::ColorStrlen("ab\a-"), 2u);
-    EXPECT_EQ(TAVUElement::ColorStrlen("\axy"), 1u);
-    EXPECT_EQ(TAVUElement::ColorStrlen("ab\a#12"), 2u); // cut inside a colour
-    EXPECT_EQ(TAVUElement::ColorStrlen("ab\a"), 2u);
+    // A dash form is three bytes of code, even with an unknown letter; a code
+    // cut by the end of the text ends the count.
+    const std::pair<const char*, size_t> lengths[] = {
+        {"ab\a#FF0000cd", 4}, {"\a-rX", 1},   {"\a-zHello", 5}, {"ab\a-", 2},
+        {"\axy", 1},          {"ab\a#12", 2}, {"ab\a", 2}};
+    for (const auto& text : lengths)
+        EXPECT_EQ(TAVUElement::ColorStrlen(text.first), text.second) << text.first;
     char out[32];
     TAVUElement::StripColor("a\a#00FF00b\axc\a#1", out);
     EXPECT_STREQ(out, "abc");
@@ -320,16 +258,33 @@ TEST_F(Element, ColourCodesAreSkippedWithoutReadingPastTheText) {
 }
 
 TEST_F(Element, CenterShiftsTheUnsignedDifference) {
-    TAVUElement* panel = MakeElement("Panel");
-    panel->Width = 300;
-    panel->Height = 100;
-    TAVUElement* box = MakeElement("Box", panel);
-    box->Width = 100;
-    box->Height = 40;
+    TAVUElement* panel = MakeBox("Panel", 0, 0, 300, 100);
+    TAVUElement* box = MakeBox("Box", 0, 0, 100, 40, panel);
     box->Center();
     EXPECT_EQ(box->X, 100);
     EXPECT_EQ(box->Y, 30);
     box->Width = 302; // wider than the parent: a logical shift of a negative difference
     box->Center();
     EXPECT_EQ(box->X, 0x7FFFFFFF);
+}
+
+TEST_F(Element, MoveZTopOfAnOnlyChildClimbsAndChangesNothingElse) {
+    TAVUElement* panel = MakeElement("Panel");
+    TAVUElement* other = MakeElement("Other");
+    TAVUElement* only = MakeElement("Only", panel);
+    g_UIManager.ZOrderChanged = false;
+    only->MoveZTop(true); // raises the parent among its siblings
+    EXPECT_TRUE(g_UIManager.ZOrderChanged);
+    EXPECT_EQ(panel->FirstChild, only);
+    EXPECT_EQ(g_UIManager.Screen->LastChild, panel);
+    EXPECT_EQ(g_UIManager.Screen->FirstChild, other);
+}
+
+TEST_F(Element, ToggleOfAFocusedParentMovesFocusOut) {
+    TAVUElement* window = Recording("Window");
+    TAVUElement* field = Recording("Field", window);
+    g_UIManager.SetFocusElement(field);
+    EXPECT_TRUE(g_UIManager.ToggleElement("Window"));
+    EXPECT_FALSE(window->Visible);
+    EXPECT_EQ(g_UIManager.FocusElementID, 0u);
 }

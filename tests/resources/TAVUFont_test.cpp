@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -28,15 +29,6 @@ public:
 };
 TAVUFactory<FontOwner> g_FontOwnerFactory("fontowner");
 
-class Document {
-public:
-    explicit Document(const char* text) { EXPECT_TRUE(Parser.ParseBuffer(text, 0)) << text; }
-    XMLNode* Node() { return Parser.Root ? Parser.Root->FirstChild : nullptr; }
-
-private:
-    XMLParser Parser;
-};
-
 // A font that is deleted at the end of the test, through its own class.
 template <class T> struct Owned {
     T* Font;
@@ -54,43 +46,42 @@ protected:
         g_UIManager.Render(); // the screen takes the display's size
         Host.ClearRecords();
     }
+    // A font's request as "name height colour", with " bold" and " fixed".
+    static std::string Fields(const TAVUFont& font) {
+        char text[160];
+        snprintf(text, sizeof(text), "%s %u %08X%s%s", font.Name, font.Height, font.Color,
+                 font.Bold ? " bold" : "", font.Fixed ? " fixed" : "");
+        return text;
+    }
     FontOwner* Owner = nullptr;
 };
 
 TEST_F(Font, TheConstructorsFillWhatTheRequestLeavesOpen) {
     Owned<TAVUFont> plain{TAVUFont::New(Owner, nullptr, 14, true, false)};
-    EXPECT_STREQ(plain->Name, "");
-    EXPECT_EQ(plain->Color, 0xFFFFFFFFu);
+    EXPECT_EQ(Fields(*plain.Font), " 14 FFFFFFFF fixed");
     EXPECT_EQ(plain->Element, Owner);
 
     // A node fills the open parts: "Name" as a value, "Color" and "Size" as attributes.
-    Document node(R"(<Font Color="FF102030" Size="18"><Name>Serif</Name></Font>)");
+    XMLNode* node = Parse(R"(<Font Color="FF102030" Size="18"><Name>Serif</Name></Font>)");
     _CreateFont open{nullptr, 0, 0, true, false};
-    Owned<TAVUFont> fromNode{TAVUFont::New(Owner, open, node.Node())};
-    EXPECT_STREQ(fromNode->Name, "Serif");
-    EXPECT_EQ(fromNode->Color, 0xFF102030u);
-    EXPECT_EQ(fromNode->Height, 18u);
+    Owned<TAVUFont> fromNode{TAVUFont::New(Owner, open, node)};
+    EXPECT_EQ(Fields(*fromNode.Font), "Serif 18 FF102030 bold");
     _CreateFont given{"Mono", 9, 0xFF0000FF, false, true};
-    Owned<TAVUFont> requested{TAVUFont::New(Owner, given, node.Node())};
-    EXPECT_STREQ(requested->Name, "Mono");
-    EXPECT_EQ(requested->Color, 0xFF0000FFu);
-    EXPECT_EQ(requested->Height, 9u);
+    Owned<TAVUFont> requested{TAVUFont::New(Owner, given, node)};
+    EXPECT_EQ(Fields(*requested.Font), "Mono 9 FF0000FF fixed");
     Owned<TAVUFont> withoutNode{TAVUFont::New(Owner, open, nullptr)};
     EXPECT_EQ(withoutNode->Color, 0xFFFFFFFFu);
 
     fromNode->Color = 0;
     ASSERT_TRUE(fromNode->Prepare());
     Owned<TAVUFont> copy{TAVUFont::New(nullptr, *fromNode.Font)};
-    EXPECT_STREQ(copy->Name, "Serif");
-    EXPECT_EQ(copy->Color, 0u); // a black copy stays black
-    EXPECT_TRUE(copy->Bold);
+    EXPECT_EQ(Fields(*copy.Font), "Serif 18 00000000 bold"); // a black copy stays black
     EXPECT_EQ(copy->Font, 0u);
 
     Owned<TAVUFixedFont> fixedCopy{TAVUFixedFont::New(Owner, *withoutNode.Font)};
     EXPECT_TRUE(fixedCopy->Fixed);
-    Owned<TAVUFixedFont> fixedRequest{TAVUFixedFont::New(Owner, open, node.Node())};
-    EXPECT_TRUE(fixedRequest->Fixed);
-    EXPECT_STREQ(fixedRequest->Name, "Serif");
+    Owned<TAVUFixedFont> fixedRequest{TAVUFixedFont::New(Owner, open, node)};
+    EXPECT_EQ(Fields(*fixedRequest.Font), "Serif 18 FF102030 bold fixed");
 }
 
 TEST_F(Font, PreparingAsksTheHostOnceAndAFixedFontAlwaysAsksForFixedPitch) {
@@ -121,36 +112,25 @@ TEST_F(Font, DrawingPassesRectangleFormatAndTheOwnersAlpha) {
     font->Draw("abc", 10, 20, 50);
     font->DrawCenter("abc", 10, 20, 50);
     font->DrawRight("abc", 10, 20, 0);
-    ASSERT_EQ(Host.Texts.size(), 4u);
-    const FakeHost::Text& unclipped = Host.Texts[0];
-    EXPECT_EQ(unclipped.Format, 0x120u);
-    EXPECT_EQ(unclipped.Color, 0x80FF8040u);
-    EXPECT_EQ(unclipped.Rect.left, 10);
-    EXPECT_EQ(unclipped.Rect.top, 20);
-    EXPECT_EQ(unclipped.Rect.right, 10);
-    EXPECT_EQ(unclipped.Rect.bottom, 600); // the screen's height
-    EXPECT_EQ(Host.Texts[1].Format, 0x20u);
-    EXPECT_EQ(Host.Texts[1].Rect.right, 60);
-    EXPECT_EQ(Host.Texts[2].Format, 0x21u);
-    EXPECT_EQ(Host.Texts[3].Format, 0x122u);
-
     Owner->CurrentAlpha = 0.5f;
     font->Draw("a", 0, 0, 0);
-    EXPECT_EQ(Host.Texts.back().Color, 0x40FF8040u);
     Owner->CurrentAlpha = 4.0f; // capped
     font->Draw("a", 0, 0, 0);
-    EXPECT_EQ(Host.Texts.back().Color, 0xFFFF8040u);
+    // Unclipped down to the screen's height without a right edge; the owner's
+    // alpha scales the colour's.
+    EXPECT_EQ(Host.TextLines(), (std::vector<std::string>{"abc 10,20,10,600 0x80ff8040 0x00000120",
+                                                          "abc 10,20,60,600 0x80ff8040 0x00000020",
+                                                          "abc 10,20,60,600 0x80ff8040 0x00000021",
+                                                          "abc 10,20,10,600 0x80ff8040 0x00000122",
+                                                          "a 0,0,0,600 0x40ff8040 0x00000120",
+                                                          "a 0,0,0,600 0xffff8040 0x00000120"}));
     Owner->CurrentAlpha = 1.0f;
-
     Host.Texts.clear();
     EXPECT_EQ(font->DrawClipped("", 0, 0, 100), 0u);
     EXPECT_EQ(font->DrawClipped("abc", 100, 0, 100), 0u);
     EXPECT_EQ(font->DrawRightClipped("abc", 101, 0, 100), 0u);
-    EXPECT_TRUE(Host.Texts.empty());
     font->DrawCenterClipped("abc", 30, 0, 100);
-    ASSERT_EQ(Host.Texts.size(), 1u);
-    EXPECT_EQ(Host.Texts[0].Rect.right, 100);
-    EXPECT_EQ(Host.Texts[0].Format, 0x21u);
+    EXPECT_EQ(Host.TextLines(), std::vector<std::string>{"abc 30,0,100,600 0x80ff8040 0x00000021"});
 }
 
 TEST_F(Font, MeasuresComeFromTheHostOrTwelvePixelsPerCharacter) {
@@ -259,38 +239,26 @@ TEST_F(Font, HandlesGoBackOnceAndNeverAfterShutdown) {
 }
 
 TEST_F(Font, ReadingFromXMLInheritsFromTheTemplateOrTheDefaultFont) {
-    Owned<TAVUFont> none{TAVUFont::NewFromXML(Owner, nullptr)};
-    EXPECT_STREQ(none->Name, "");
-    EXPECT_EQ(none->Height, 12u);
-    EXPECT_EQ(none->Color, 0xFFFFFFFFu);
-    EXPECT_FALSE(none->Fixed);
-
+    EXPECT_EQ(Fields(*Owned<TAVUFont>{TAVUFont::NewFromXML(Owner, nullptr)}.Font), " 12 FFFFFFFF");
     g_UIManager.AddTemplate("Title Font", R"(<Template><Name>Serif</Name><Size>24</Size>
         <Bold/><Color>FFAA0000</Color></Template>)");
-    Document titled(R"(<Font Template="title font"><Size>30</Size><Fixed>1</Fixed></Font>)");
-    Owned<TAVUFont> title{TAVUFont::NewFromXML(Owner, titled.Node())};
-    EXPECT_STREQ(title->Name, "Serif");
-    EXPECT_EQ(title->Height, 30u);
-    EXPECT_TRUE(title->Bold);
-    EXPECT_TRUE(title->Fixed);
-    EXPECT_EQ(title->Color, 0xFFAA0000u);
+    XMLNode* titled =
+        Parse(R"(<Font Template="title font"><Size>30</Size><Fixed>1</Fixed></Font>)");
+    Owned<TAVUFont> title{TAVUFont::NewFromXML(Owner, titled)};
+    EXPECT_EQ(Fields(*title.Font), "Serif 30 FFAA0000 bold fixed");
     EXPECT_EQ(title->Element, Owner);
 
-    Document plain(R"(<Font Template="unknown"><Size>300</Size></Font>)");
-    Owned<TAVUFont> noColor{TAVUFont::NewFromXML(Owner, plain.Node())};
-    EXPECT_EQ(noColor->Color, 0u); // no colour anywhere: invisible text
-    EXPECT_EQ(noColor->Height, 300u & 0xFF);
-
+    // No colour anywhere: invisible text; the size is a byte.
+    XMLNode* plain = Parse(R"(<Font Template="unknown"><Size>300</Size></Font>)");
+    EXPECT_EQ(Fields(*Owned<TAVUFont>{TAVUFont::NewFromXML(Owner, plain)}.Font), " 44 00000000");
     g_UIManager.AddTemplate("Default Font", R"(<Template><Name>Body</Name><Fixed/></Template>)");
-    Owned<TAVUFont> byDefault{TAVUFont::NewFromXML(Owner, plain.Node())};
-    EXPECT_STREQ(byDefault->Name, "Body");
-    EXPECT_TRUE(byDefault->Fixed);
+    EXPECT_EQ(Fields(*Owned<TAVUFont>{TAVUFont::NewFromXML(Owner, plain)}.Font),
+              "Body 44 00000000 fixed");
 
-    Owned<TAVUFixedFont> fixedNone{TAVUFixedFont::NewFromXML(Owner, nullptr)};
-    EXPECT_EQ(fixedNone->Height, 12u);
-    EXPECT_TRUE(fixedNone->Fixed);
-    Document notFixed(R"(<Font><Fixed>0</Fixed><Color>FF00FF00</Color></Font>)");
-    Owned<TAVUFixedFont> console{TAVUFixedFont::NewFromXML(Owner, notFixed.Node())};
+    EXPECT_EQ(Fields(*Owned<TAVUFixedFont>{TAVUFixedFont::NewFromXML(Owner, nullptr)}.Font),
+              " 12 FFFFFFFF fixed");
+    XMLNode* notFixed = Parse(R"(<Font><Fixed>0</Fixed><Color>FF00FF00</Color></Font>)");
+    Owned<TAVUFixedFont> console{TAVUFixedFont::NewFromXML(Owner, notFixed)};
     EXPECT_TRUE(console->Fixed); // no "Fixed" key for a fixed font
     EXPECT_STREQ(console->Name, "Body");
     EXPECT_EQ(console->Color, 0xFF00FF00u);

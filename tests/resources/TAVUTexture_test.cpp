@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <string>
 
 namespace {
@@ -21,16 +22,6 @@ std::string DataPath(const char* relative) {
     return path;
 }
 
-// A parsed document that lives for one test; Node() is its first element.
-class Document {
-public:
-    explicit Document(const char* text) { EXPECT_TRUE(Parser.ParseBuffer(text, 0)) << text; }
-    XMLNode* Node() { return Parser.Root ? Parser.Root->FirstChild : nullptr; }
-
-private:
-    XMLParser Parser;
-};
-
 // A texture that is deleted at the end of the test.
 struct TextureHolder {
     TAVUTexture* Texture;
@@ -42,15 +33,35 @@ struct TextureHolder {
 class Texture : public ToolkitTest {
 protected:
     TextureHolder Read(const char* xml, const char* templateXml = nullptr) {
-        Document node(xml);
+        XMLNode* node = Parse(xml);
         TAVUTexture* texture = TAVUTexture::New("image.png");
         if (templateXml) {
-            Document templateNode(templateXml);
-            texture->FromXML(node.Node(), templateNode.Node());
+            XMLNode* templateNode = Parse(templateXml);
+            texture->FromXML(node, templateNode);
         } else {
-            texture->FromXML(node.Node());
+            texture->FromXML(node);
         }
         return {texture};
+    }
+
+    // Every field read from XML, as "flags rect border orientation alpha mask
+    // key triangle": one comparison shows all that differs.
+    static std::string Fields(const TAVUTexture& t) {
+        char text[256];
+        snprintf(text, sizeof(text), "%u %d,%d,%d,%d b%u o%d a%g m%08X k%08X %g,%g,%g,%g,%g,%g",
+                 t.Flags, t.Left, t.Top, t.Right, t.Bottom, t.Border, t.Orientation, t.Alpha,
+                 t.ColorMask, t.ColorKey, t.X1, t.Y1, t.X2, t.Y2, t.X3, t.Y3);
+        return text;
+    }
+
+    // What reading a texture from XML text finds: its file name and, for
+    // those that want them, its fields; "(none)" when nothing is made.
+    std::string FileOf(const std::string& xml, bool fields = false) {
+        TAVUTexture* texture = TAVUTexture::NewFromXML(Parse(xml));
+        std::string found = texture ? texture->Filename : "(none)";
+        if (texture && fields) found += " " + Fields(*texture);
+        TAVUTexture::Delete(texture);
+        return found;
     }
 
     size_t CallsWith(const char* name, const std::string& firstArgument) {
@@ -68,19 +79,9 @@ TEST_F(Texture, EveryKeyOfTheNodeIsRead) {
         <Border>4</Border><Orientation>258</Orientation>
         <Alpha>0.5</Alpha><ColorMask>80FF0000</ColorMask>
     </Background>)");
-    EXPECT_EQ(texture->Flags, unsigned(TAVUTexture::HasRect | TAVUTexture::HasAlpha |
-                                       TAVUTexture::HasColorMask | TAVUTexture::HasTriangle));
-    EXPECT_EQ(texture->Left, 1);
-    EXPECT_EQ(texture->Top, 2);
-    EXPECT_EQ(texture->Right, 30);
-    EXPECT_EQ(texture->Bottom, 40);
-    EXPECT_FLOAT_EQ(texture->X1, 1.5f);
-    EXPECT_FLOAT_EQ(texture->Y3, 6.25f);
-    EXPECT_EQ(texture->Border, 4u);
-    EXPECT_EQ(texture->Orientation, 2); // the low byte
-    EXPECT_FLOAT_EQ(texture->Alpha, 0.5f);
-    EXPECT_EQ(texture->ColorMask, 0x80FF0000u);
-    EXPECT_EQ(texture->ColorKey, 0xFFFF00FFu);
+    // Rect, alpha, mask and triangle flags; the orientation's low byte.
+    EXPECT_EQ(Fields(*texture.Texture),
+              "23 1,2,30,40 b4 o2 a0.5 m80FF0000 kFFFF00FF 1.5,2,3,4,5,6.25");
 }
 
 TEST_F(Texture, ZeroSidesCountAsAbsentAndAnEmptyAlphaIsZero) {
@@ -102,26 +103,15 @@ TEST_F(Texture, TheTemplateGivesDefaultsAndTheNodeWins) {
         <Alpha>0.25</Alpha><ColorMask>FF00FF00</ColorMask>
         <Triangle X1="7"/>
     </Template>)";
-    TextureHolder inherited = Read("<T/>", templateXml);
-    EXPECT_EQ(inherited->Left, 3);
-    EXPECT_EQ(inherited->Right, 9);
-    EXPECT_EQ(inherited->Border, 2u);
-    EXPECT_EQ(inherited->Orientation, 1);
-    EXPECT_FLOAT_EQ(inherited->Alpha, 0.25f);
-    EXPECT_EQ(inherited->ColorMask, 0xFF00FF00u);
-    EXPECT_FLOAT_EQ(inherited->X1, 7.0f);
-    EXPECT_EQ(inherited->ColorKey, 0xFF000000u);
-    EXPECT_EQ(inherited->Flags, 23u);
-
-    TextureHolder overridden = Read(R"(<T ColorKey=""><left>4</left><Alpha>0.75</Alpha>
+    EXPECT_EQ(Fields(*Read("<T/>", templateXml).Texture),
+              "23 3,0,9,0 b2 o1 a0.25 mFF00FF00 kFF000000 7,0,0,0,0,0");
+    // The node's triangle replaces the template's whole; an empty attribute
+    // falls to the template's.
+    EXPECT_EQ(Fields(*Read(R"(<T ColorKey=""><left>4</left><Alpha>0.75</Alpha>
         <Triangle X2="8"/></T>)",
-                                    templateXml);
-    EXPECT_EQ(overridden->Left, 4);
-    EXPECT_EQ(overridden->Right, 9);
-    EXPECT_FLOAT_EQ(overridden->Alpha, 0.75f);
-    EXPECT_FLOAT_EQ(overridden->X1, 0.0f); // the node's triangle replaces the template's whole
-    EXPECT_FLOAT_EQ(overridden->X2, 8.0f);
-    EXPECT_EQ(overridden->ColorKey, 0xFF000000u); // an empty attribute falls to the template's
+                           templateXml)
+                          .Texture),
+              "23 4,0,9,0 b2 o1 a0.75 mFF00FF00 kFF000000 0,0,8,0,0,0");
 }
 
 TEST_F(Texture, TheColourMaskAttributeWinsButMasksToZeroFromATemplate) {
@@ -137,18 +127,6 @@ TEST_F(Texture, TheColourMaskAttributeWinsButMasksToZeroFromATemplate) {
     TextureHolder childOnTemplate =
         Read("<T/>", "<Template><ColorMask>FF445566</ColorMask></Template>");
     EXPECT_EQ(childOnTemplate->ColorMask, 0xFF445566u);
-}
-
-TEST_F(Texture, WithoutATemplateTheNodesOwnTemplateIsFoundThroughTheSkin) {
-    g_UIManager.AddTemplate("plain", "<Template><Border>1</Border></Template>");
-    g_UIManager.AddTemplate("night", "<Template><Border>7</Border></Template>");
-    TextureHolder plain = Read(R"(<T Template="Plain"/>)");
-    EXPECT_EQ(plain->Border, 1u);
-    TAVUSkin* skin = g_UIManager.NewSkin("Night");
-    skin->AddTemplate("plain", "night");
-    g_UIManager.CurrentSkin = skin;
-    TextureHolder skinned = Read(R"(<T Template="plain"/>)");
-    EXPECT_EQ(skinned->Border, 7u);
 }
 
 TEST_F(Texture, PreparingAndSizingGoThroughTheHostOnlyWhenNeeded) {
@@ -190,11 +168,7 @@ TEST_F(Texture, ACopyStartsUnpreparedAndPreparesItsSource) {
     EXPECT_EQ(Host.Count("AcquireTexture"), 1u);
     EXPECT_NE(copy->Filename, source->Filename);
     EXPECT_STREQ(copy->Filename, "image.png");
-    EXPECT_EQ(copy->Flags, source->Flags);
-    EXPECT_EQ(copy->ColorKey, 0xFF00FF00u);
-    EXPECT_FLOAT_EQ(copy->Alpha, 0.5f);
-    EXPECT_FLOAT_EQ(copy->Y2, 4.0f);
-    EXPECT_EQ(copy->Orientation, 2);
+    EXPECT_EQ(Fields(*copy.Texture), Fields(*source.Texture));
 }
 
 TEST_F(Texture, SetAndSetFromGiveTheOldHandleBackOnce) {
@@ -251,67 +225,36 @@ TEST_F(Texture, ReadingFromXMLFindsTheFileBesideTheInterfaceThenOnTheSearchPath)
     Host.TextureFiles["button.png"] = DataPath("search/button.png");
     Host.TextureFiles["shared.png"] = DataPath("search/shared.png");
     Host.TextureFiles["stale.png"] = DataPath("search/deleted-since.png");
-
-    Document beside(R"(<Button Filename="button.png"><Border>2</Border></Button>)");
-    TextureHolder local{TAVUTexture::NewFromXML(beside.Node())};
-    ASSERT_NE(local.Texture, nullptr);
-    EXPECT_EQ(local->Filename, DataPath("skin/button.png"));
-    EXPECT_EQ(local->Border, 2u);
+    EXPECT_EQ(FileOf(R"(<Button Filename="button.png"/>)"), DataPath("skin/button.png"));
     EXPECT_EQ(Host.Count("FindTextureFile"), 0u);
-
-    Document searched(R"(<Button Filename="shared.png"/>)");
-    TextureHolder shared{TAVUTexture::NewFromXML(searched.Node())};
-    ASSERT_NE(shared.Texture, nullptr);
-    EXPECT_EQ(shared->Filename, DataPath("search/shared.png"));
-
-    Document stale(R"(<Button Filename="stale.png"/>)");
-    EXPECT_EQ(TAVUTexture::NewFromXML(stale.Node()), nullptr); // the host's answer must exist too
-    Document nowhere(R"(<Button Filename="nowhere.png"/>)");
-    EXPECT_EQ(TAVUTexture::NewFromXML(nowhere.Node()), nullptr);
+    EXPECT_EQ(FileOf(R"(<Button Filename="shared.png"/>)"), DataPath("search/shared.png"));
+    // The host's answer must exist too.
+    EXPECT_EQ(FileOf(R"(<Button Filename="stale.png"/>)"), "(none)");
+    EXPECT_EQ(FileOf(R"(<Button Filename="nowhere.png"/>)"), "(none)");
     EXPECT_TRUE(Host.Console.empty());
+    // A full path given in the file stands as it is.
+    EXPECT_EQ(FileOf("<Button Filename=\"" + DataPath("search/shared.png") + "\"/>"),
+              DataPath("search/shared.png"));
 
     // An interface file without a folder: only the host is asked.
     StrCopyBounded(g_UIManager.CurrentFile, "interface.xml", sizeof(g_UIManager.CurrentFile));
     Host.ClearRecords();
-    TextureHolder viaHost{TAVUTexture::NewFromXML(beside.Node())};
-    ASSERT_NE(viaHost.Texture, nullptr);
-    EXPECT_EQ(viaHost->Filename, DataPath("search/button.png"));
+    EXPECT_EQ(FileOf(R"(<Button Filename="button.png"/>)"), DataPath("search/button.png"));
     EXPECT_EQ(Host.Count("FindTextureFile"), 1u);
-
-    // A full path given in the file stands as it is.
-    std::string full = "<Button Filename=\"" + DataPath("search/shared.png") + "\"/>";
-    Document absolute(full.c_str());
-    TextureHolder direct{TAVUTexture::NewFromXML(absolute.Node())};
-    ASSERT_NE(direct.Texture, nullptr);
-    EXPECT_EQ(direct->Filename, DataPath("search/shared.png"));
 }
 
 TEST_F(Texture, HashNamesAreNoFilesAndTheTemplateMayNameTheFile) {
-    Document fill(R"(<Background Filename="#FILL"><ColorMask>FF000080</ColorMask></Background>)");
-    TextureHolder plain{TAVUTexture::NewFromXML(fill.Node())};
-    ASSERT_NE(plain.Texture, nullptr);
-    EXPECT_STREQ(plain->Filename, "");
-    EXPECT_EQ(plain->ColorMask, 0xFF000080u);
-
-    Document other(R"(<Background Filename="#gradient"/>)");
-    TextureHolder special{TAVUTexture::NewFromXML(other.Node())};
-    ASSERT_NE(special.Texture, nullptr);
-    EXPECT_STREQ(special->Filename, "#gradient");
-
     g_UIManager.AddTemplate("filled",
                             R"(<Template Filename="#fill"><Border>6</Border></Template>)");
     g_UIManager.AddTemplate("blank", R"(<Template><Border>6</Border></Template>)");
-    Document fromTemplate(R"(<Background Template="FILLED"><Alpha>0.5</Alpha></Background>)");
-    TextureHolder inherited{TAVUTexture::NewFromXML(fromTemplate.Node())};
-    ASSERT_NE(inherited.Texture, nullptr);
-    EXPECT_STREQ(inherited->Filename, "");
-    EXPECT_EQ(inherited->Border, 6u);
-    EXPECT_FLOAT_EQ(inherited->Alpha, 0.5f);
-
-    Document noName(R"(<Background Template="blank"/>)");
-    EXPECT_EQ(TAVUTexture::NewFromXML(noName.Node()), nullptr);
-    Document unknown(R"(<Background Template="unknown"/>)");
-    EXPECT_EQ(TAVUTexture::NewFromXML(unknown.Node()), nullptr);
+    // "#fill" in any case is a plain fill; other hash names stand as written.
+    EXPECT_EQ(FileOf(R"(<T Filename="#FILL"><ColorMask>FF000080</ColorMask></T>)", true),
+              " 4 0,0,0,0 b0 o0 a1 mFF000080 k00000000 0,0,0,0,0,0");
+    EXPECT_EQ(FileOf(R"(<Background Filename="#gradient"/>)"), "#gradient");
+    EXPECT_EQ(FileOf(R"(<T Template="FILLED"><Alpha>0.5</Alpha></T>)", true),
+              " 2 0,0,0,0 b6 o0 a0.5 m00000000 k00000000 0,0,0,0,0,0");
+    EXPECT_EQ(FileOf(R"(<Background Template="blank"/>)"), "(none)");
+    EXPECT_EQ(FileOf(R"(<Background Template="unknown"/>)"), "(none)");
     EXPECT_EQ(TAVUTexture::NewFromXML(nullptr), nullptr);
 }
 
@@ -320,8 +263,8 @@ TEST_F(Texture, LongNamesAreCutNeverOverrun) {
     StrCopyBounded(g_UIManager.CurrentFile, DataPath("skin/interface.xml").c_str(),
                    sizeof(g_UIManager.CurrentFile));
     std::string xml = "<T Filename=\"" + longName + "\"/>";
-    Document document(xml.c_str());
-    EXPECT_EQ(TAVUTexture::NewFromXML(document.Node()), nullptr);
+    XMLNode* document = Parse(xml.c_str());
+    EXPECT_EQ(TAVUTexture::NewFromXML(document), nullptr);
     char path[8];
     EXPECT_TRUE(TAVUTexture::ResolveFilename("#abcdefghijkl", path, sizeof(path)));
     EXPECT_STREQ(path, "#abcdef");
@@ -348,4 +291,16 @@ TEST(PathHelpers, OnlyRegularFilesExist) {
     // Cut at 511 characters: a name that only exists past the cut is not found.
     std::string longPath = DataPath("skin/button.png") + std::string(600, 'x');
     EXPECT_FALSE(PathFileExists(longPath.c_str()));
+}
+
+TEST_F(Texture, WithoutATemplateTheNodesOwnTemplateIsFoundThroughTheSkin) {
+    g_UIManager.AddTemplate("plain", "<Template><Border>1</Border></Template>");
+    g_UIManager.AddTemplate("night", "<Template><Border>7</Border></Template>");
+    TextureHolder plain = Read(R"(<T Template="Plain"/>)");
+    EXPECT_EQ(plain->Border, 1u);
+    TAVUSkin* skin = g_UIManager.NewSkin("Night");
+    skin->AddTemplate("plain", "night");
+    g_UIManager.CurrentSkin = skin;
+    TextureHolder skinned = Read(R"(<T Template="plain"/>)");
+    EXPECT_EQ(skinned->Border, 7u);
 }

@@ -112,34 +112,26 @@ TEST(RXTypeDefinition, TypeNameIsCutTo31Characters) {
     EXPECT_STREQ("abcdefghijklmnopqrstuvwxyz01234", type.TypeName);
     EXPECT_STREQ("abcdefghijklmnopqrstuvwxyz01234", type.GetName());
     EXPECT_EQ(&type, type.GetVariableType());
-    EXPECT_EQ(1u, type.NextMemberID);
-    EXPECT_EQ(1u, type.NextMethodID);
 }
 
-TEST(RXTypeDefinition, ExplicitIdsRaiseTheNextAutomaticId) {
+TEST(RXTypeDefinition, ExplicitIdsRaiseTheNextAutomaticIdAndNamesMatchExactly) {
     RXTypeDefinition type("t");
-    EXPECT_TRUE(type.AddMember(0, "Zero", nullptr));
-    EXPECT_TRUE(type.AddMember(1, "One", nullptr));
-    EXPECT_TRUE(type.AddMember(3, "Three", nullptr));
+    EXPECT_EQ(1u, type.NextMemberID);
+    for (uint32_t id : {0, 1, 3})
+        EXPECT_TRUE(type.AddMember(id, ("M" + std::to_string(id)).c_str(), nullptr)) << id;
     EXPECT_EQ(4u, type.NextMemberID);
-    // A lower ID registered afterwards leaves the counter alone.
-    EXPECT_TRUE(type.AddMember(2, "Two", nullptr));
-    EXPECT_EQ(4u, type.NextMemberID);
+    EXPECT_TRUE(type.AddMember(2, "M2", nullptr)) << "a lower ID leaves the counter alone";
     EXPECT_TRUE(type.AddMember("Auto", nullptr));
     EXPECT_EQ(4u, MemberChain(type, "Auto")->ID);
     EXPECT_EQ(5u, type.NextMemberID);
     EXPECT_EQ(1u, type.NextMethodID) << "members and methods count separately";
-}
-
-TEST(RXTypeDefinition, OneNameCannotBeAddedTwiceWithOneHandler) {
-    RXTypeDefinition type("t");
-    EXPECT_TRUE(type.AddMember(5, "X", nullptr));
-    EXPECT_FALSE(type.AddMember(5, "X", nullptr));
-    EXPECT_FALSE(type.AddMember(9, "X", nullptr));
-    EXPECT_EQ(1u, type.Members.Count());
-    EXPECT_EQ(1u, type.MemberNames.size());
-    EXPECT_EQ(1, ChainLength(MemberChain(type, "X")));
-    EXPECT_EQ(5u, MemberChain(type, "X")->ID);
+    EXPECT_TRUE(type.AddMember(7, "m2", nullptr)) << "another case is another name";
+    EXPECT_EQ(7u, MemberChain(type, "m2")->ID);
+    // One name with one handler is refused a second time, whatever the ID.
+    EXPECT_FALSE(type.AddMember(2, "M2", nullptr));
+    EXPECT_FALSE(type.AddMember(9, "M2", nullptr));
+    EXPECT_EQ(1, ChainLength(MemberChain(type, "M2")));
+    EXPECT_EQ(6u, type.MemberNames.size());
 }
 
 TEST(RXTypeDefinition, SameNameWithOtherHandlersFormsAChainWithTheNewestFirst) {
@@ -160,15 +152,6 @@ TEST(RXTypeDefinition, SameNameWithOtherHandlersFormsAChainWithTheNewestFirst) {
         EXPECT_STREQ("Size", record->Name);
     }
     EXPECT_EQ(1u, type.Members.Count());
-}
-
-TEST(RXTypeDefinition, NamesMatchExactly) {
-    RXTypeDefinition type("t");
-    EXPECT_TRUE(type.AddMember(1, "Name", nullptr));
-    EXPECT_TRUE(type.AddMember(2, "name", nullptr));
-    EXPECT_TRUE(type.AddMember(3, "Nam", nullptr));
-    EXPECT_EQ(3u, type.MemberNames.size());
-    EXPECT_EQ(2u, MemberChain(type, "name")->ID);
 }
 
 TEST(RXTypeDefinition, TablesGrowByTenAndSlotsAreReused) {
@@ -255,23 +238,6 @@ TEST(RXTypeDefinition, UnknownNamesClimbTheFallbackChainToMinusOne) {
     EXPECT_EQ(0, button.DispatchMethod(nothing, "Show", 0, nullptr));
 }
 
-TEST(RXTypeDefinition, AMemberAndAMethodMayShareAName) {
-    GadgetType type("element");
-    EXPECT_TRUE(type.AddMember(MemberWidth, "AddChild", nullptr));
-    EXPECT_TRUE(type.AddMethod(9, "AddChild", nullptr));
-    RXObjectData object = ObjectOf(&type);
-    _RXTypeVar result{};
-    EXPECT_EQ(1, type.DispatchMember(object, "AddChild", 0, nullptr, result));
-    EXPECT_EQ(MemberWidth, type.LastMemberID);
-    EXPECT_EQ(1, type.DispatchMethod(object, "AddChild", 0, nullptr));
-    EXPECT_EQ(9u, type.LastMethodID);
-    EXPECT_TRUE(type.RemoveMethod("AddChild", nullptr));
-    EXPECT_EQ(1, type.DispatchMember(object, "AddChild", 0, nullptr, result));
-    EXPECT_EQ(-1, type.DispatchMethod(object, "AddChild", 0, nullptr));
-    EXPECT_EQ(10u, type.NextMethodID);
-    EXPECT_EQ(2u, type.NextMemberID);
-}
-
 TEST(RXTypeDefinition, InheritanceFollowsTheDeclaredBaseOnly) {
     RXTypeDefinition element("element"), frame("frame"), window("window");
     element.AddMember(1, "Name", nullptr);
@@ -279,15 +245,20 @@ TEST(RXTypeDefinition, InheritanceFollowsTheDeclaredBaseOnly) {
     frame.AddMember(1, "Border", nullptr);
     frame.Initialize(&element);
     window.Initialize(&frame);
-
-    EXPECT_TRUE(window.InheritsMember("Border"));
-    EXPECT_TRUE(window.InheritsMember("Name"));
-    EXPECT_TRUE(window.InheritsMethod("Show"));
-    EXPECT_FALSE(window.InheritsMethod("Border"));
-    EXPECT_FALSE(window.InheritsMember("Title"));
-    EXPECT_FALSE(frame.InheritsMember("Border")) << "its own names are not inherited";
-    EXPECT_FALSE(element.InheritsMember("Name"));
-    EXPECT_FALSE(window.InheritsMember(nullptr));
+    // Its own names are not inherited; a member name is no method.
+    const struct {
+        RXTypeDefinition* Type;
+        const char* Name;
+        bool Member, Method;
+    } cases[] = {{&window, "Border", true, false}, {&window, "Name", true, false},
+                 {&window, "Show", false, true},   {&window, "Title", false, false},
+                 {&frame, "Border", false, false}, {&element, "Name", false, false},
+                 {&window, nullptr, false, false}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.Type->TypeName) + " " + (c.Name ? c.Name : "null"));
+        EXPECT_EQ(c.Type->InheritsMember(c.Name), c.Member);
+        EXPECT_EQ(c.Type->InheritsMethod(c.Name), c.Method);
+    }
 }
 
 TEST(RXTypeDefinition, BaseOperationsPassOnToTheirNamedForms) {

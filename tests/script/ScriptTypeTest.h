@@ -56,6 +56,13 @@ protected:
         return text;
     }
     std::string TypeName() const { return Result.Type ? Result.Type->TypeName : "null"; }
+    // A member request as one line of text: the dispatch answer, then the
+    // result when there is one ("1 10", "0", "-1").
+    std::string Get(RXTypeDefinition* type, void* object, const char* name,
+                    std::vector<std::string> args = {}) {
+        int answer = Member(type, object, name, std::move(args));
+        return answer == 1 ? "1 " + ResultText() : std::to_string(answer);
+    }
 
     _RXTypeVar Result{};
     std::vector<std::unique_ptr<RXTypeDefinition>> HostTypes;

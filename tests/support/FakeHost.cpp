@@ -17,17 +17,18 @@ std::string Hex(unsigned value) {
     return text;
 }
 
-namespace {
 std::string Number(long long value) {
     return std::to_string(value);
-}
-std::string Bool(bool value) {
-    return value ? "true" : "false";
 }
 std::string Pointer(const void* value) {
     char text[32];
     snprintf(text, sizeof(text), "%p", value);
     return text;
+}
+
+namespace {
+std::string Bool(bool value) {
+    return value ? "true" : "false";
 }
 std::string RectText(const tagRECT* rect) {
     if (!rect) return "null";
@@ -69,8 +70,6 @@ std::string FakeHost::Call::Line() const {
     return line;
 }
 
-FakeHost::FakeHost() = default;
-
 void FakeHost::Record(const std::string& name, std::vector<std::string> args) {
     Calls.push_back({name, std::move(args)});
 }
@@ -86,6 +85,27 @@ size_t FakeHost::Count(const std::string& name) const {
     return CallsNamed(name).size();
 }
 
+std::string FakeHost::Text::Line() const {
+    return Value + " " + RectText(&Rect) + " " + Hex(Color) + " " + Hex(Format);
+}
+
+std::vector<std::string> FakeHost::TextLines() const {
+    std::vector<std::string> lines;
+    for (const Text& text : Texts)
+        lines.push_back(text.Line());
+    return lines;
+}
+
+std::vector<std::string> FakeHost::Ran() const {
+    std::vector<std::string> ran;
+    for (const AtomRun& run : AtomRuns) {
+        size_t open = run.Source.find("{\n"), close = run.Source.rfind("\n}");
+        ran.push_back(open == std::string::npos ? run.Source
+                                                : run.Source.substr(open + 2, close - open - 2));
+    }
+    return ran;
+}
+
 void FakeHost::ClearRecords() {
     Calls.clear();
     Console.clear();
@@ -98,11 +118,6 @@ void FakeHost::ClearRecords() {
     Invalidated.clear();
     Stored.clear();
     Restored.clear();
-}
-
-RXScript* FakeHost::GetCurrentScript() {
-    Record("GetCurrentScript");
-    return InScript ? &Script : nullptr;
 }
 
 bool FakeHost::AddCommand(const char* name, RXCommandHandler handler, bool flag1, bool flag2) {
@@ -194,11 +209,6 @@ void FakeHost::ConsolePrintf(const char* format, ...) {
     Console.push_back(line);
 }
 
-HostScriptInterface* FakeHost::GetScriptInterface() {
-    Record("GetScriptInterface");
-    return this;
-}
-
 unsigned FakeHost::CompileAtom(const char* source, size_t length) {
     std::string text(source ? source : "", source ? length : 0);
     Record("CompileAtom", {Quoted(text.c_str()), Number((long long)length)});
@@ -213,39 +223,35 @@ void FakeHost::DeleteAtom(unsigned atom) {
     LiveAtoms.erase(atom);
 }
 
-bool FakeHost::ExecuteAtomForResult(unsigned atom, int argc, char* argv[], _RXTypeVar* thisObject,
-                                    int reserved, char* result, size_t size) {
+// Both forms of running an atom record the call and the run alike.
+FakeHost::AtomRun& FakeHost::RecordRun(const char* call, unsigned atom, int argc, char* argv[],
+                                       _RXTypeVar* thisObject, bool showThis) {
     std::vector<std::string> args = {Number(atom), Number(argc)};
-    for (int i = 0; i < argc; ++i)
-        args.push_back(Quoted(argv[i]));
-    Record("ExecuteAtomForResult", args);
     AtomRun run{atom,
-                LiveAtoms[atom],
+                LiveAtoms.count(atom) ? LiveAtoms[atom] : "",
                 {},
                 thisObject ? thisObject->Value.Pointer : nullptr,
                 thisObject ? thisObject->Type : nullptr};
-    for (int i = 0; i < argc; ++i)
+    for (int i = 0; i < argc; ++i) {
+        args.push_back(Quoted(argv[i]));
         run.Args.push_back(argv[i] ? argv[i] : "");
+    }
+    if (showThis) args.push_back(thisObject ? Pointer(run.This) : "null");
+    Record(call, args);
     AtomRuns.push_back(run);
+    return AtomRuns.back();
+}
+
+bool FakeHost::ExecuteAtomForResult(unsigned atom, int argc, char* argv[], _RXTypeVar* thisObject,
+                                    int reserved, char* result, size_t size) {
+    AtomRun run = RecordRun("ExecuteAtomForResult", atom, argc, argv, thisObject, false);
     if (OnExecuteAtom) OnExecuteAtom(run);
     return WriteBounded(AtomResult, result, size);
 }
 
 int FakeHost::ExecuteAtom(unsigned atom, int reserved, int argc, char* argv[],
                           _RXTypeVar* thisObject) {
-    std::vector<std::string> args = {Number(atom), Number(argc)};
-    for (int i = 0; i < argc; ++i)
-        args.push_back(Quoted(argv[i]));
-    args.push_back(thisObject ? Pointer(thisObject->Value.Pointer) : "null");
-    Record("ExecuteAtom", args);
-    AtomRun run{atom,
-                LiveAtoms.count(atom) ? LiveAtoms[atom] : "",
-                {},
-                thisObject ? thisObject->Value.Pointer : nullptr,
-                thisObject ? thisObject->Type : nullptr};
-    for (int i = 0; i < argc; ++i)
-        run.Args.push_back(argv[i] ? argv[i] : "");
-    AtomRuns.push_back(run);
+    AtomRun run = RecordRun("ExecuteAtom", atom, argc, argv, thisObject, true);
     if (OnExecuteAtom) return OnExecuteAtom(run);
     if (RunsAtomCommands) RunAtomBody(run.Source);
     return 0;
@@ -313,28 +319,14 @@ bool FakeHost::RetrieveProcessedText(unsigned handle, char* buffer, size_t size)
     return WriteBounded(DataSequences ? DataSequences(found->second) : found->second, buffer, size);
 }
 
-bool FakeHost::RetrieveProcessedResult(unsigned handle, _RXTypeVar& result) {
-    Record("RetrieveProcessedResult", {Number(handle)});
-    return false;
-}
-
 void FakeHost::FreePreParsed(unsigned handle) {
     Record("FreePreParsed", {Number(handle)});
     LivePreParsed.erase(handle);
 }
 
-unsigned FakeHost::RegisterPersistentClass(const char* name) {
-    Record("RegisterPersistentClass", {Quoted(name)});
-    return 7;
-}
-
 void FakeHost::InvalidatePersistentObject(unsigned persistentClass, void* object) {
     Record("InvalidatePersistentObject", {Number(persistentClass), Pointer(object)});
     Invalidated.push_back(object);
-}
-
-void FakeHost::SetPersistentClass(RXTypeDefinition* type, unsigned persistentClass) {
-    Record("SetPersistentClass", {Pointer(type), Number(persistentClass)});
 }
 
 bool FakeHost::FindTextureFile(const char* name, char* output) {
@@ -347,11 +339,6 @@ bool FakeHost::FindInterfaceFile(const char* name, char* output) {
     Record("FindInterfaceFile", {Quoted(name)});
     auto found = InterfaceFiles.find(name ? name : "");
     return found != InterfaceFiles.end() && WriteBounded(found->second, output, 512);
-}
-
-bool FakeHost::OpenClipboard() {
-    Record("OpenClipboard");
-    return ClipboardAvailable;
 }
 
 void FakeHost::StoreElementPosition(TAVUElement* element) {
@@ -474,15 +461,6 @@ void FakeHost::ReleaseTexture(unsigned texture) {
     LiveTextures.erase(texture);
 }
 
-bool FakeHost::DataParse(const char* text, _RXTypeVar& result) {
-    Record("DataParse", {Quoted(text)});
-    return false;
-}
-
-RXTypeDefinition* FakeHost::FindType(const char* name, int reserved1, int reserved2) {
-    return FindType(name);
-}
-
 char* FakeHost::GetTempBuffer(unsigned size, const char* contents) {
     Record("GetTempBuffer", {Number(size), Quoted(contents)});
     std::string buffer(size + 1, '\0');
@@ -491,17 +469,8 @@ char* FakeHost::GetTempBuffer(unsigned size, const char* contents) {
     return TempBuffers.back().data();
 }
 
-unsigned FakeHost::CompileQuery(const char* query) {
-    Record("CompileQuery", {Quoted(query)});
-    return NextHandle++;
-}
-
 bool FakeHost::EvaluateQuery(unsigned query, _RXTypeVar* object, bool* result) {
     Record("EvaluateQuery", {Number(query)});
     *result = false;
     return true;
-}
-
-void FakeHost::FreeQuery(unsigned query) {
-    Record("FreeQuery", {Number(query)});
 }

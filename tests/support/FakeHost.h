@@ -21,6 +21,12 @@
 #include <string>
 #include <vector>
 
+// Text forms used in recorded arguments.
+std::string Quoted(const char* text);
+std::string Hex(unsigned value);
+std::string Number(long long value);
+std::string Pointer(const void* value);
+
 class FakeScript : public RXScript {
 public:
     void SetUserInput(const char* text) override;
@@ -47,7 +53,10 @@ public:
         tagRECT Rect;
         unsigned Color;
         unsigned Format;
+        std::string Line() const; // "text left,top,right,bottom colour format"
     };
+    // Every text drawn, as lines.
+    std::vector<std::string> TextLines() const;
     struct AtomRun {
         unsigned Atom;
         std::string Source;            // the compiled text
@@ -55,8 +64,6 @@ public:
         void* This;                    // the This object, null for none
         RXTypeDefinition* ThisType;
     };
-
-    FakeHost();
 
     // --- What the host answers; set these before the toolkit asks. ---
     bool DisplayAvailable = true;
@@ -116,11 +123,15 @@ public:
     // The calls of one name, and how many there were.
     std::vector<Call> CallsNamed(const std::string& name) const;
     size_t Count(const std::string& name) const;
+    // The bodies of the atoms that ran, in order, without the atom frame.
+    std::vector<std::string> Ran() const;
     // Forgets everything recorded (answers stay as set).
     void ClearRecords();
 
     // HostServices
-    RXScript* GetCurrentScript() override;
+    RXScript* GetCurrentScript() override {
+        return Answer("GetCurrentScript", {}, InScript ? &Script : nullptr);
+    }
     bool AddCommand(const char* name, RXCommandHandler handler, bool flag1, bool flag2) override;
     bool RemoveCommand(const char* name) override;
     int ExecuteCommand(const char* text) override;
@@ -133,7 +144,9 @@ public:
     const char* CompleteCommand(const char* text, bool reverse) override;
     bool Calculate(const char* expression, double* result) override;
     void ConsolePrintf(const char* format, ...) override;
-    HostScriptInterface* GetScriptInterface() override;
+    HostScriptInterface* GetScriptInterface() override {
+        return Answer<HostScriptInterface*>("GetScriptInterface", {}, this);
+    }
     unsigned CompileAtom(const char* source, size_t length) override;
     void DeleteAtom(unsigned atom) override;
     bool ExecuteAtomForResult(unsigned atom, int argc, char* argv[], _RXTypeVar* thisObject,
@@ -144,14 +157,20 @@ public:
     unsigned PreParseText(const char* text, bool dataSequence) override;
     bool RetrieveOriginalText(unsigned handle, char* buffer, size_t size) override;
     bool RetrieveProcessedText(unsigned handle, char* buffer, size_t size) override;
-    bool RetrieveProcessedResult(unsigned handle, _RXTypeVar& result) override;
+    bool RetrieveProcessedResult(unsigned handle, _RXTypeVar& result) override {
+        return Answer("RetrieveProcessedResult", {Number(handle)}, false);
+    }
     void FreePreParsed(unsigned handle) override;
-    unsigned RegisterPersistentClass(const char* name) override;
+    unsigned RegisterPersistentClass(const char* name) override {
+        return Answer("RegisterPersistentClass", {Quoted(name)}, 7u);
+    }
     void InvalidatePersistentObject(unsigned persistentClass, void* object) override;
-    void SetPersistentClass(RXTypeDefinition* type, unsigned persistentClass) override;
+    void SetPersistentClass(RXTypeDefinition* type, unsigned persistentClass) override {
+        Record("SetPersistentClass", {Pointer(type), Number(persistentClass)});
+    }
     bool FindTextureFile(const char* name, char* output) override;
     bool FindInterfaceFile(const char* name, char* output) override;
-    bool OpenClipboard() override;
+    bool OpenClipboard() override { return Answer("OpenClipboard", {}, ClipboardAvailable); }
     void StoreElementPosition(TAVUElement* element) override;
     void RestoreElementPosition(TAVUElement* element) override;
     bool GetKeyName(unsigned key, char* output, size_t size) override;
@@ -175,16 +194,27 @@ public:
     void ReleaseTexture(unsigned texture) override;
 
     // HostScriptInterface
-    bool DataParse(const char* text, _RXTypeVar& result) override;
-    RXTypeDefinition* FindType(const char* name, int reserved1, int reserved2) override;
+    bool DataParse(const char* text, _RXTypeVar& result) override {
+        return Answer("DataParse", {Quoted(text)}, false);
+    }
+    RXTypeDefinition* FindType(const char* name, int, int) override { return FindType(name); }
     char* GetTempBuffer(unsigned size, const char* contents) override;
     // RegisterPersistentClass and InvalidatePersistentObject are shared with HostServices.
-    unsigned CompileQuery(const char* query) override;
+    unsigned CompileQuery(const char* query) override {
+        return Answer("CompileQuery", {Quoted(query)}, NextHandle++);
+    }
     bool EvaluateQuery(unsigned query, _RXTypeVar* object, bool* result) override;
-    void FreeQuery(unsigned query) override;
+    void FreeQuery(unsigned query) override { Record("FreeQuery", {Number(query)}); }
 
 private:
     void Record(const std::string& name, std::vector<std::string> args = {});
+    // Records the call and gives the answer.
+    template <class T> T Answer(const std::string& name, std::vector<std::string> args, T answer) {
+        Record(name, std::move(args));
+        return answer;
+    }
+    AtomRun& RecordRun(const char* call, unsigned atom, int argc, char* argv[],
+                       _RXTypeVar* thisObject, bool showThis);
     unsigned NextHandle = 100;
     std::string CompletedCommand;
     std::deque<std::string> TempBuffers; // stable addresses
@@ -192,7 +222,3 @@ private:
     int AtomDepth = 0;
     void RunAtomBody(const std::string& source);
 };
-
-// Text forms used in recorded arguments.
-std::string Quoted(const char* text);
-std::string Hex(unsigned value);

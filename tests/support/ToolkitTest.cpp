@@ -4,6 +4,7 @@
 #include "Platform.h"
 #include "TAVUFactory.h"
 #include "TAVUScreen.h"
+#include "XMLNode.h"
 
 #include <new>
 
@@ -37,4 +38,21 @@ void ToolkitTest::TearDown() {
 
 TAVUElement* ToolkitTest::MakeElement(const char* name, TAVUElement* parent) {
     return g_TestElementFactory.CreateUIElement(parent ? parent : g_UIManager.Screen, name);
+}
+
+TAVUElement* ToolkitTest::MakeBox(const char* name, int x, int y, int w, int h,
+                                  TAVUElement* parent) {
+    TAVUElement* element = MakeElement(name, parent);
+    element->X = x, element->Y = y, element->Width = w, element->Height = h;
+    return element;
+}
+
+XMLNode* ToolkitTest::Parse(const std::string& text) {
+    Documents.push_back(std::make_unique<XMLParser>());
+    XMLParser& document = *Documents.back();
+    EXPECT_TRUE(document.ParseBuffer(text.data(), text.size())) << text;
+    XMLNode* node = document.Root ? document.Root->FirstChild : nullptr;
+    while (node && node->Type != XMLNode::Element)
+        node = node->Next;
+    return node;
 }

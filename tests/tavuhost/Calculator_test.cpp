@@ -23,49 +23,41 @@ Calculator::Outcome OutcomeOf(const char* text) {
 
 } // namespace
 
-TEST(Calculator, ArithmeticFollowsPrecedenceAndParentheses) {
-    EXPECT_EQ(7, Value("1 + 2 * 3"));
-    EXPECT_EQ(9, Value("(1 + 2) * 3"));
-    EXPECT_EQ(3.5, Value("7 / 2"));
-    EXPECT_EQ(1, Value("7 % 3"));
-    EXPECT_EQ(-1.5, Value("-(1.5)"));
-    EXPECT_EQ(2, Value("10 - 4 - 4")) << "left to right";
-    EXPECT_EQ(5, Value("--5"));
-    EXPECT_EQ(0.25, Value(".25"));
-}
-
-TEST(Calculator, ComparisonsAndLogicGiveOneOrZero) {
-    EXPECT_EQ(1, Value("3 > 2 && 2 >= 2"));
-    EXPECT_EQ(0, Value("3 < 2 || 2 != 2"));
-    EXPECT_EQ(1, Value("!(1 == 2)"));
-    EXPECT_EQ(1, Value("TRUE && !FALSE"));
-    EXPECT_EQ(1, Value("true == 1"));
-    EXPECT_EQ(1, Value("1 + 1 == 2")) << "arithmetic binds tighter than comparison";
-}
-
-TEST(Calculator, TextComparesIgnoringCase) {
-    EXPECT_EQ(1, Value("\"Apple\" == \"apple\""));
-    EXPECT_EQ(0, Value("\"Apple\" == \"Apples\""));
-    EXPECT_EQ(1, Value("Apple == apple")) << "a bare word is text";
-    EXPECT_EQ(1, Value("\"a\" < \"B\""));
-    EXPECT_EQ(1, Value("\"say \\\"hi\\\"\" == \"SAY \\\"HI\\\"\""));
-    EXPECT_EQ(1, Value("12px == \"12PX\"")) << "a number glued to letters is a word";
-    EXPECT_EQ(1, Value("\"5\" == 5"));
+TEST(Calculator, ValuesFollowPrecedenceAndCompareTextIgnoringCase) {
+    // Subtraction runs left to right; arithmetic binds tighter than
+    // comparison; a bare word, or a number glued to letters, is text.
+    const std::pair<const char*, double> cases[] = {
+        {"1 + 2 * 3", 7},
+        {"(1 + 2) * 3", 9},
+        {"7 / 2", 3.5},
+        {"7 % 3", 1},
+        {"-(1.5)", -1.5},
+        {"10 - 4 - 4", 2},
+        {"--5", 5},
+        {".25", 0.25},
+        {"3 > 2 && 2 >= 2", 1},
+        {"3 < 2 || 2 != 2", 0},
+        {"!(1 == 2)", 1},
+        {"TRUE && !FALSE", 1},
+        {"true == 1", 1},
+        {"1 + 1 == 2", 1},
+        {"\"Apple\" == \"apple\"", 1},
+        {"\"Apple\" == \"Apples\"", 0},
+        {"Apple == apple", 1},
+        {"\"a\" < \"B\"", 1},
+        {"\"say \\\"hi\\\"\" == \"SAY \\\"HI\\\"\"", 1},
+        {"12px == \"12PX\"", 1},
+        {"\"5\" == 5", 1},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(c.second, Value(c.first)) << c.first;
 }
 
 TEST(Calculator, FailuresTellSyntaxFromMissingValues) {
-    EXPECT_EQ(Calculator::Outcome::SyntaxError, OutcomeOf("1 +"));
-    EXPECT_EQ(Calculator::Outcome::SyntaxError, OutcomeOf("(1 + 2"));
-    EXPECT_EQ(Calculator::Outcome::SyntaxError, OutcomeOf("1 2"));
-    EXPECT_EQ(Calculator::Outcome::SyntaxError, OutcomeOf("\"open"));
-    EXPECT_EQ(Calculator::Outcome::SyntaxError, OutcomeOf(""));
-    EXPECT_EQ(Calculator::Outcome::SyntaxError, OutcomeOf(nullptr));
-    EXPECT_EQ(Calculator::Outcome::NoValue, OutcomeOf("1 / 0"));
-    EXPECT_EQ(Calculator::Outcome::NoValue, OutcomeOf("5 % 0"));
-    EXPECT_EQ(Calculator::Outcome::NoValue, OutcomeOf("apple + 1"));
-    EXPECT_EQ(Calculator::Outcome::NoValue, OutcomeOf("apple"));
-    EXPECT_EQ(Calculator::Outcome::NoValue, OutcomeOf("NULL + 1"));
-
+    for (const char* text : {"1 +", "(1 + 2", "1 2", "\"open", "", (const char*)nullptr})
+        EXPECT_EQ(Calculator::Outcome::SyntaxError, OutcomeOf(text)) << (text ? text : "null");
+    for (const char* text : {"1 / 0", "5 % 0", "apple + 1", "apple", "NULL + 1"})
+        EXPECT_EQ(Calculator::Outcome::NoValue, OutcomeOf(text)) << text;
     Calculator calculator;
     double result = 0;
     calculator.Evaluate("2 * (3", result);

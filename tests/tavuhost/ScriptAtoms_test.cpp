@@ -259,17 +259,6 @@ TEST_F(ScriptAtoms, TheScriptRecordTellsTheToolkitWhoIsRunning) {
     EXPECT_EQ(nullptr, script->UserInput);
 }
 
-TEST_F(ScriptAtoms, ExitEndsTheScriptAndRemembersItsCode) {
-    Engine.AddCommand("exit", [&](int argc, char* argv[]) {
-        Engine.RequestExit(argc > 1 ? atoi(argv[1]) : 0);
-        return 0;
-    });
-    RunScript("echo before\nexit 3\necho after");
-    EXPECT_EQ(std::vector<std::string>{"before"}, TakeConsole());
-    EXPECT_TRUE(Engine.ExitRequested());
-    EXPECT_EQ(3, Engine.ExitCode());
-}
-
 TEST_F(ScriptAtoms, PreParsedTextIsEvaluatedEachTimeItIsRead) {
     Run({"declare N int 1"});
     unsigned text = Engine.PreParseText("N is ${N}", false);

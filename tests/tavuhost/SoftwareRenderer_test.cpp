@@ -48,6 +48,17 @@ protected:
     // Red, green over blue, white: one colour a corner.
     unsigned Quadrants() { return LoadPicture(2, 2, 2, {Red, Green, Blue, White}); }
     uint32_t At(int x, int y) const { return Renderer.Frame().At(x, y); }
+    // The pixels at the points, in hexadecimal, to compare at once.
+    std::string Pixels(std::initializer_list<std::pair<int, int>> points) const {
+        std::string text;
+        char pixel[12];
+        for (const auto& point : points) {
+            snprintf(pixel, sizeof(pixel), "%s%08X", text.empty() ? "" : " ",
+                     At(point.first, point.second));
+            text += pixel;
+        }
+        return text;
+    }
 
     SoftwareRenderer Renderer;
 };
@@ -75,20 +86,14 @@ TEST_F(SoftwareRendererTest, FillsBlendByTheirAlphaAndStayInsideTheFrame) {
 TEST_F(SoftwareRendererTest, TexturesStretchTheWholeImageOrTheirSourceRectangle) {
     unsigned texture = Quadrants();
     Renderer.TexturedRect(Record(texture, 0, 0, 4, 4));
-    EXPECT_EQ(Red, At(0, 0));
-    EXPECT_EQ(Red, At(1, 1));
-    EXPECT_EQ(Green, At(2, 0));
-    EXPECT_EQ(Blue, At(1, 3));
-    EXPECT_EQ(White, At(3, 3));
-    EXPECT_EQ(Black, At(4, 4));
+    EXPECT_EQ(Pixels({{0, 0}, {1, 1}, {2, 0}, {1, 3}, {3, 3}, {4, 4}}),
+              "FFFF0000 FFFF0000 FF00FF00 FF0000FF FFFFFFFF FF000000");
 
     TAVUDrawRecord right = Record(texture, 4, 0, 8, 4);
     right.Flags = TAVUDrawRecord::HasSourceRect;
     right.TextureLeft = 1, right.TextureTop = 0, right.TextureRight = 2, right.TextureBottom = 2;
     Renderer.TexturedRect(right);
-    EXPECT_EQ(Green, At(4, 0));
-    EXPECT_EQ(Green, At(7, 1));
-    EXPECT_EQ(White, At(4, 3));
+    EXPECT_EQ(Pixels({{4, 0}, {7, 1}, {4, 3}}), "FF00FF00 FF00FF00 FFFFFFFF");
 
     TAVUDrawRecord outside = Record(texture, 0, 4, 8, 8);
     outside.Flags = TAVUDrawRecord::HasSourceRect;
@@ -104,23 +109,16 @@ TEST_F(SoftwareRendererTest, TexturesStretchTheWholeImageOrTheirSourceRectangle)
 
 TEST_F(SoftwareRendererTest, OrientationTurnsTheSourceClockwise) {
     unsigned texture = Quadrants();
-    struct Case {
-        uint8_t Orientation;
-        uint32_t TopLeft, TopRight, BottomLeft, BottomRight;
-    } cases[] = {
-        {0, Red, Green, Blue, White},
-        {1, Blue, Red, White, Green},
-        {2, White, Blue, Green, Red},
-        {3, Green, White, Red, Blue},
-    };
-    for (const Case& c : cases) {
+    const char* corners[] = {
+        // top left, top right, bottom left, bottom right
+        "FFFF0000 FF00FF00 FF0000FF FFFFFFFF", "FF0000FF FFFF0000 FFFFFFFF FF00FF00",
+        "FFFFFFFF FF0000FF FF00FF00 FFFF0000", "FF00FF00 FFFFFFFF FFFF0000 FF0000FF"};
+    for (uint8_t orientation = 0; orientation < 4; ++orientation) {
         TAVUDrawRecord record = Record(texture, 0, 0, 8, 8);
-        record.Orientation = c.Orientation;
+        record.Orientation = orientation;
         Renderer.TexturedRect(record);
-        EXPECT_EQ(c.TopLeft, At(1, 1)) << "orientation " << int(c.Orientation);
-        EXPECT_EQ(c.TopRight, At(6, 1)) << "orientation " << int(c.Orientation);
-        EXPECT_EQ(c.BottomLeft, At(1, 6)) << "orientation " << int(c.Orientation);
-        EXPECT_EQ(c.BottomRight, At(6, 6)) << "orientation " << int(c.Orientation);
+        EXPECT_EQ(Pixels({{1, 1}, {6, 1}, {1, 6}, {6, 6}}), corners[orientation])
+            << "orientation " << int(orientation);
     }
 }
 
@@ -197,18 +195,13 @@ TEST_F(SoftwareRendererTest, ATrianglePointsUpAndTurnsWithTheTexture) {
     triangle.Flags = TAVUDrawRecord::HasTriangle;
     triangle.ColorMask = White;
     Renderer.TexturedRect(triangle);
-    EXPECT_EQ(Black, At(0, 0));
-    EXPECT_EQ(Black, At(7, 0));
-    EXPECT_EQ(White, At(4, 1)) << "by the tip";
-    EXPECT_EQ(White, At(0, 7)) << "the base";
-    EXPECT_EQ(White, At(7, 7));
-
+    // The top corners stay black; by the tip and the base are white.
+    EXPECT_EQ(Pixels({{0, 0}, {7, 0}, {4, 1}, {0, 7}, {7, 7}}),
+              "FF000000 FF000000 FFFFFFFF FFFFFFFF FFFFFFFF");
     Renderer.BeginFrame();
-    triangle.Orientation = 1;
+    triangle.Orientation = 1; // a quarter turn points right
     Renderer.TexturedRect(triangle);
-    EXPECT_EQ(White, At(6, 4)) << "a quarter turn points right";
-    EXPECT_EQ(White, At(0, 0));
-    EXPECT_EQ(Black, At(7, 0));
+    EXPECT_EQ(Pixels({{6, 4}, {0, 0}, {7, 0}}), "FFFFFFFF FFFFFFFF FF000000");
 }
 
 TEST_F(SoftwareRendererTest, LinesHaveTheirWidthAndColour) {
@@ -216,19 +209,13 @@ TEST_F(SoftwareRendererTest, LinesHaveTheirWidthAndColour) {
     line.Flags = TAVUDrawRecord::HasColorMask;
     line.ColorMask = Red;
     Renderer.DrawLine(line, 1);
-    EXPECT_EQ(Red, At(1, 4));
-    EXPECT_EQ(Red, At(6, 4));
-    EXPECT_EQ(Black, At(3, 3));
-    EXPECT_EQ(Black, At(3, 5));
+    EXPECT_EQ(Pixels({{1, 4}, {6, 4}, {3, 3}, {3, 5}}), "FFFF0000 FFFF0000 FF000000 FF000000");
 
     Renderer.BeginFrame();
     line.Flags = TAVUDrawRecord::HasColorMask | TAVUDrawRecord::HasAlpha;
     line.Alpha = 1; // how an opaque line arrives: the low byte of 255 x 255
     Renderer.DrawLine(line, 3);
-    EXPECT_EQ(Red, At(3, 3));
-    EXPECT_EQ(Red, At(3, 4));
-    EXPECT_EQ(Red, At(3, 5));
-    EXPECT_EQ(Black, At(3, 6));
+    EXPECT_EQ(Pixels({{3, 3}, {3, 4}, {3, 5}, {3, 6}}), "FFFF0000 FFFF0000 FFFF0000 FF000000");
     line.Alpha = 128; // 128 x 255 ends in 128 too: half
     line.ColorMask = White;
     Renderer.DrawLine(line, 1);
@@ -239,14 +226,11 @@ TEST_F(SoftwareRendererTest, LinesHaveTheirWidthAndColour) {
     diagonal.Flags = TAVUDrawRecord::HasColorMask;
     diagonal.ColorMask = Green;
     Renderer.DrawLine(diagonal, 1);
-    EXPECT_EQ(Green, At(3, 3));
-    EXPECT_EQ(Black, At(6, 1));
+    EXPECT_EQ(Pixels({{3, 3}, {6, 1}}), "FF00FF00 FF000000");
 
-    unsigned texture = Quadrants();
-    TAVUDrawRecord textured = Record(texture, 0, 7, 8, 7);
-    Renderer.DrawLine(textured, 2);
-    EXPECT_EQ(Blue, At(1, 7)) << "the source lies along the line, its lower half on this side";
-    EXPECT_EQ(White, At(6, 7));
+    // The source lies along the line, its lower half on this side.
+    Renderer.DrawLine(Record(Quadrants(), 0, 7, 8, 7), 2);
+    EXPECT_EQ(Pixels({{1, 7}, {6, 7}}), "FF0000FF FFFFFFFF");
     Renderer.DrawLine(Record(TAVUDrawRecord::NoTexture, -2147483647, 0, 2147483647, 0),
                       4000000000u);
 }

@@ -33,13 +33,6 @@ FileParse ParsePath(const std::string& path) {
 
 } // namespace
 
-TEST(XMLFile, ReadsAnInterfaceFile) {
-    auto parsed = ParsePath(kDataDir + "interface.xml");
-    ASSERT_TRUE(parsed.Ok) << parsed.Error;
-    EXPECT_NE(parsed.Tree.find("e:Window name=Main\n"), std::string::npos);
-    EXPECT_NE(parsed.Tree.find("      t:r10\n"), std::string::npos);
-}
-
 TEST(XMLFile, EmptyFileAndDeclarationOnly) {
     XMLParser parser;
     EXPECT_FALSE(parser.ParseFile((kDataDir + "empty.xml").c_str()));

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <iterator>
+#include <string>
 
 namespace {
 
@@ -23,6 +25,13 @@ ElementPosition Position(uint32_t type, int32_t pixels) {
     p.Type = type;
     p.Value.Pixels = pixels;
     return p;
+}
+
+// A position as "type:pixels", or "type:factor" for a fraction.
+std::string Text(const ElementPosition& p) {
+    return std::to_string(p.Type) + ":" +
+           (p.Type == ElementPosition::Fraction ? std::to_string(p.Value.Factor)
+                                                : std::to_string(p.Value.Pixels));
 }
 
 } // namespace
@@ -59,20 +68,23 @@ TEST_F(XMLHelperTest, StringsFromAttributesAndValues) {
 TEST_F(XMLHelperTest, NumbersFromAttributesAndValues) {
     Load("<n i=\"12px\" j=\"0x10\" k=\"-5\" e=\"\" h=\"FF0000\" g=\"xyz\" f=\" 2.5\">"
          "<Width/><I> 42</I><H>0xff00ff</H><Hx/><F>1e2</F><Fe/></n>");
-    EXPECT_EQ(XMLHelper::GetIntAttribute(Node, "i", 7), 12u);
-    EXPECT_EQ(XMLHelper::GetIntAttribute(Node, "j", 7), 0u);
-    EXPECT_EQ(XMLHelper::GetIntAttribute(Node, "k", 7), unsigned(-5));
-    EXPECT_EQ(XMLHelper::GetIntAttribute(Node, "e", 7), 7u);
-    EXPECT_EQ(XMLHelper::GetIntValue(Node, "width", 100), 0u);
-    EXPECT_EQ(XMLHelper::GetIntValue(Node, "i", 100), 42u);
-    EXPECT_EQ(XMLHelper::GetIntValue(nullptr, "i", 100), 100u);
-    EXPECT_EQ(XMLHelper::GetHexAttribute(Node, "h", 7), 0xFF0000u);
-    EXPECT_EQ(XMLHelper::GetHexAttribute(Node, "j", 7), 0x10u);
-    EXPECT_EQ(XMLHelper::GetHexAttribute(Node, "g", 7), 0u);
-    EXPECT_EQ(XMLHelper::GetHexAttribute(Node, "e", 7), 7u);
-    EXPECT_EQ(XMLHelper::GetHexValue(Node, "H", 7), 0xFF00FFu);
-    EXPECT_EQ(XMLHelper::GetHexValue(Node, "Hx", 7), 0u);
-    EXPECT_EQ(XMLHelper::GetHexValue(Node, "none", 7), 7u);
+    const std::pair<unsigned, unsigned> numbers[] = {
+        {XMLHelper::GetIntAttribute(Node, "i", 7), 12u},
+        {XMLHelper::GetIntAttribute(Node, "j", 7), 0u},
+        {XMLHelper::GetIntAttribute(Node, "k", 7), unsigned(-5)},
+        {XMLHelper::GetIntAttribute(Node, "e", 7), 7u},
+        {XMLHelper::GetIntValue(Node, "width", 100), 0u},
+        {XMLHelper::GetIntValue(Node, "i", 100), 42u},
+        {XMLHelper::GetIntValue(nullptr, "i", 100), 100u},
+        {XMLHelper::GetHexAttribute(Node, "h", 7), 0xFF0000u},
+        {XMLHelper::GetHexAttribute(Node, "j", 7), 0x10u},
+        {XMLHelper::GetHexAttribute(Node, "g", 7), 0u},
+        {XMLHelper::GetHexAttribute(Node, "e", 7), 7u},
+        {XMLHelper::GetHexValue(Node, "H", 7), 0xFF00FFu},
+        {XMLHelper::GetHexValue(Node, "Hx", 7), 0u},
+        {XMLHelper::GetHexValue(Node, "none", 7), 7u}};
+    for (size_t row = 0; row < std::size(numbers); ++row)
+        EXPECT_EQ(numbers[row].first, numbers[row].second) << "row " << row;
     EXPECT_FLOAT_EQ(XMLHelper::GetFloatAttribute(Node, "f", 1.0f), 2.5f);
     EXPECT_FLOAT_EQ(XMLHelper::GetFloatAttribute(Node, "e", 1.0f), 1.0f);
     EXPECT_FLOAT_EQ(XMLHelper::GetFloatValue(Node, "F", 1.0f), 100.0f);
@@ -82,63 +94,58 @@ TEST_F(XMLHelperTest, NumbersFromAttributesAndValues) {
 
 TEST_F(XMLHelperTest, TogglesReadNumbersOnly) {
     Load("<n><A/><B>1</B><C>0</C><D>true</D><E>no</E><F> 7</F></n>");
-    EXPECT_TRUE(XMLHelper::GetToggle(Node, "a", false));
-    EXPECT_TRUE(XMLHelper::GetToggle(Node, "b", false));
-    EXPECT_FALSE(XMLHelper::GetToggle(Node, "c", true));
-    EXPECT_FALSE(XMLHelper::GetToggle(Node, "d", true));
-    EXPECT_FALSE(XMLHelper::GetToggle(Node, "e", true));
-    EXPECT_TRUE(XMLHelper::GetToggle(Node, "f", false));
+    // Each key read with the opposite default: an empty key is on, words are off.
+    const std::pair<const char*, bool> toggles[] = {{"a", true},  {"b", true},  {"c", false},
+                                                    {"d", false}, {"e", false}, {"f", true}};
+    for (const auto& toggle : toggles)
+        EXPECT_EQ(XMLHelper::GetToggle(Node, toggle.first, !toggle.second), toggle.second)
+            << toggle.first;
     EXPECT_TRUE(XMLHelper::GetToggle(Node, "missing", true));
     EXPECT_FALSE(XMLHelper::GetToggle(nullptr, "a", false));
 }
 
 TEST_F(XMLHelperTest, Factors) {
     Load("<n p=\"50%\" d=\"0.25\" w=\"30\" e=\"\"><P>12.5%</P><W>8</W><Z/></n>");
-    float factor = -1.0f;
-    EXPECT_EQ(XMLHelper::GetFactorAttribute(Node, "p", factor, 9), 9u);
-    EXPECT_FLOAT_EQ(factor, 0.5f);
-    EXPECT_EQ(XMLHelper::GetFactorAttribute(Node, "d", factor, 9), 9u);
-    EXPECT_FLOAT_EQ(factor, 0.25f);
-    EXPECT_EQ(XMLHelper::GetFactorAttribute(Node, "w", factor, 9), 30u);
-    EXPECT_FLOAT_EQ(factor, 0.0f);
-    factor = -1.0f;
-    EXPECT_EQ(XMLHelper::GetFactorAttribute(Node, "e", factor, 9), 9u);
-    EXPECT_FLOAT_EQ(factor, 0.0f);
-    EXPECT_EQ(XMLHelper::GetFactorValue(Node, "p", factor, 9), 9u);
-    EXPECT_FLOAT_EQ(factor, 0.125f);
-    EXPECT_EQ(XMLHelper::GetFactorValue(Node, "w", factor, 9), 8u);
-    factor = -1.0f;
-    EXPECT_EQ(XMLHelper::GetFactorValue(Node, "z", factor, 9), 0u);
-    EXPECT_FLOAT_EQ(factor, -1.0f);
-    EXPECT_EQ(XMLHelper::GetFactorValue(nullptr, "z", factor, 9), 9u);
-    EXPECT_FLOAT_EQ(factor, 0.0f);
+    // Answer and factor of each read, starting from a factor of -1; the absent
+    // value leaves the factor alone, and a null node answers the default.
+    const struct {
+        bool Attribute;
+        XMLNode* From;
+        const char* Name;
+        unsigned Answer;
+        float Factor;
+    } cases[] = {{true, Node, "p", 9, 0.5f},    {true, Node, "d", 9, 0.25f},
+                 {true, Node, "w", 30, 0.0f},   {true, Node, "e", 9, 0.0f},
+                 {false, Node, "p", 9, 0.125f}, {false, Node, "w", 8, 0.0f},
+                 {false, Node, "z", 0, -1.0f},  {false, nullptr, "z", 9, 0.0f}};
+    for (const auto& c : cases) {
+        float factor = -1.0f;
+        unsigned answer = c.Attribute ? XMLHelper::GetFactorAttribute(c.From, c.Name, factor, 9)
+                                      : XMLHelper::GetFactorValue(c.From, c.Name, factor, 9);
+        EXPECT_EQ(answer, c.Answer) << c.Name << (c.Attribute ? " attribute" : " value");
+        EXPECT_FLOAT_EQ(factor, c.Factor) << c.Name << (c.Attribute ? " attribute" : " value");
+    }
 }
 
 TEST(XMLHelperPosition, Grammar) {
-    struct Case {
+    // Text, the position read ("type:pixels" or "type:factor") and the answer;
+    // 77 is the default answer.
+    const struct {
         const char* Text;
-        uint32_t Type;
-        int32_t Pixels;
-        float Factor;
+        const char* Position;
         unsigned Result;
+    } cases[] = {
+        {"10", "0:10", 10},         {"-5", "0:-5", unsigned(-5)},
+        {"50%", "2:0.500000", 77},  {"0.25", "2:0.250000", 77},
+        {"R7", "3:7", 7},           {"r", "3:0", 0},
+        {"%", "2:0.000000", 77},    {"R50%", "2:0.500000", 77},
+        {"r0.5", "2:0.500000", 77}, {" r10", "0:0", 0},
+        {"12px", "0:12", 12},       {"r-3", "3:-3", unsigned(-3)},
     };
-    const Case cases[] = {
-        {"10", 0, 10, 0, 10},     {"-5", 0, -5, 0, unsigned(-5)},
-        {"50%", 2, 0, 0.5f, 77},  {"0.25", 2, 0, 0.25f, 77},
-        {"R7", 3, 7, 0, 7},       {"r", 3, 0, 0, 0},
-        {"%", 2, 0, 0.0f, 77},    {"R50%", 2, 0, 0.5f, 77},
-        {"r0.5", 2, 0, 0.5f, 77}, {" r10", 0, 0, 0, 0},
-        {"12px", 0, 12, 0, 12},   {"r-3", 3, -3, 0, unsigned(-3)},
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ElementPosition p = Position(9, 9);
-        unsigned result = XMLHelper::ParseElementPosition(c.Text, p, 77);
-        EXPECT_EQ(p.Type, c.Type) << c.Text;
-        if (c.Type == 2)
-            EXPECT_FLOAT_EQ(p.Value.Factor, c.Factor) << c.Text;
-        else
-            EXPECT_EQ(p.Value.Pixels, c.Pixels) << c.Text;
-        EXPECT_EQ(result, c.Result) << c.Text;
+        EXPECT_EQ(XMLHelper::ParseElementPosition(c.Text, p, 77), c.Result) << c.Text;
+        EXPECT_EQ(Text(p), c.Position) << c.Text;
     }
 }
 
@@ -146,20 +153,16 @@ TEST_F(XMLHelperTest, PositionsFromAttributesAndValues) {
     Load("<n x=\"r10\" e=\"\"><Y>25%</Y><Z/><W>0</W></n>");
     ElementPosition p = Position(9, 9);
     EXPECT_EQ(XMLHelper::GetElementPositionAttribute(Node, "X", p, 5), 10u);
-    EXPECT_EQ(p.Type, 3u);
-    EXPECT_EQ(p.Value.Pixels, 10);
+    EXPECT_EQ(Text(p), "3:10");
     EXPECT_EQ(XMLHelper::GetElementPositionAttribute(Node, "e", p, 5), 5u);
-    EXPECT_EQ(p.Type, 0u);
-    EXPECT_EQ(p.Value.Pixels, 5);
+    EXPECT_EQ(Text(p), "0:5");
     EXPECT_EQ(XMLHelper::GetElementPositionValue(Node, "y", p, 5), 5u);
-    EXPECT_EQ(p.Type, 2u);
-    EXPECT_FLOAT_EQ(p.Value.Factor, 0.25f);
+    EXPECT_EQ(Text(p), "2:0.250000");
     p = Position(9, 9);
     EXPECT_EQ(XMLHelper::GetElementPositionValue(Node, "z", p, 5), 0u);
-    EXPECT_EQ(p.Type, 9u);
+    EXPECT_EQ(Text(p), "9:9"); // an empty value leaves the position alone
     EXPECT_EQ(XMLHelper::GetElementPositionValue(Node, "none", p, 6), 6u);
-    EXPECT_EQ(p.Type, 0u);
-    EXPECT_EQ(p.Value.Pixels, 6);
+    EXPECT_EQ(Text(p), "0:6");
 }
 
 TEST_F(XMLHelperTest, PositionValueExTellsAbsentFromZero) {
@@ -169,15 +172,11 @@ TEST_F(XMLHelperTest, PositionValueExTellsAbsentFromZero) {
     EXPECT_FALSE(XMLHelper::GetElementPositionValueEx(Node, "none", p, pixels));
     EXPECT_FALSE(XMLHelper::GetElementPositionValueEx(Node, "z", p, pixels));
     EXPECT_FALSE(XMLHelper::GetElementPositionValueEx(nullptr, "w", p, pixels));
-    EXPECT_EQ(p.Type, 9u);
-    EXPECT_EQ(pixels, 99u);
-    EXPECT_TRUE(XMLHelper::GetElementPositionValueEx(Node, "w", p, pixels));
-    EXPECT_EQ(p.Type, 0u);
-    EXPECT_EQ(pixels, 0u);
-    EXPECT_TRUE(XMLHelper::GetElementPositionValueEx(Node, "y", p, pixels));
-    EXPECT_EQ(p.Type, 3u);
-    EXPECT_EQ(pixels, 4u);
-    EXPECT_TRUE(XMLHelper::GetElementPositionValueEx(Node, "f", p, pixels));
-    EXPECT_EQ(p.Type, 2u);
-    EXPECT_EQ(pixels, 0u);
+    EXPECT_EQ(Text(p) + " " + std::to_string(pixels), "9:9 99");
+    const std::pair<const char*, const char*> found[] = {
+        {"w", "0:0 0"}, {"y", "3:4 4"}, {"f", "2:0.500000 0"}};
+    for (const auto& key : found) {
+        EXPECT_TRUE(XMLHelper::GetElementPositionValueEx(Node, key.first, p, pixels)) << key.first;
+        EXPECT_EQ(Text(p) + " " + std::to_string(pixels), key.second) << key.first;
+    }
 }

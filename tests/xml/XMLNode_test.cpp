@@ -4,21 +4,6 @@
 
 using xmltest::Dump;
 
-TEST(XMLNode, ConstructorAppendsAndCopiesTheName) {
-    XMLNode root(nullptr, "root", XMLNode::DocumentRoot);
-    char name[] = "first";
-    XMLNode* first = new XMLNode(&root, name, XMLNode::Element);
-    name[0] = 'F';
-    XMLNode* second = new XMLNode(&root, nullptr, XMLNode::Text);
-    EXPECT_STREQ(first->Name, "first");
-    EXPECT_STREQ(second->Name, "");
-    EXPECT_EQ(root.FirstChild, first);
-    EXPECT_EQ(root.LastChild, second);
-    EXPECT_EQ(first->Next, second);
-    EXPECT_EQ(second->Prev, first);
-    EXPECT_EQ(second->Parent, &root);
-}
-
 TEST(XMLNode, SetAttributeReplacesIgnoringCaseOrAppends) {
     XMLNode node(nullptr, "n", XMLNode::Element);
     node.SetAttribute("Width", "1");
