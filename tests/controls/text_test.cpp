@@ -137,17 +137,19 @@ TEST_F(TextTest, ALiteralTextIsWrappedAgainForANewWidth) {
 }
 
 // A literal text is never sent to the host, and is drawn plainly: its colour
-// codes, the last one cut in half, are bytes like any other.
+// codes, the last one cut in half, are bytes like any other. Without the wrap
+// flag its cached breaks stay inside one line.
 TEST_F(TextTest, LiveTextIsResolvedWrappedAndMayDeleteItselfButALiteralOneIsNeverSent) {
     Host.DataSequences = [](const std::string&) { return std::string("alpha beta gamma"); };
     TAVUText* text = Text("<Wrap>1</Wrap><Text>${Words}</Text>", 42, 100);
     RenderFrame();
     EXPECT_EQ(Drawn(), (Drawing{{"alpha", 20}, {"beta", 31}, {"gamma", 42}}));
     EXPECT_EQ(text->LineCount, 3u);
-    text->SetText("\arok\a#");
+    text->SetWrap(false);
+    text->SetText("\arok\a# xyz");
     RenderFrame();
     EXPECT_EQ(Host.Count("ParseDataSequences"), 0u);
-    EXPECT_EQ(Drawn(), (Drawing{{"\arok\a#", 20}}));
+    EXPECT_EQ(Drawn(), (Drawing{{"\arok\a#\nxyz", 20}}));
 
     // The script the data sequences run may delete the text: nothing more is drawn.
     text->SetText("${Gone}");
@@ -166,4 +168,5 @@ TEST_F(TextTest, CreateFromCodeTakesItsRecordAndAZeroVerticalMeansTop) {
     text->Create(create, nullptr);
     EXPECT_EQ(text->VerticalAlignment, TAVU_ALIGN_TOP);
     EXPECT_STREQ(text->Text, "made by code");
+    EXPECT_TRUE(text->IsTypeOf("TEXT"));
 }

