@@ -3,6 +3,7 @@
 #include "TAVUFactory.h"
 #include "TAVUScreen.h"
 #include "ToolkitTest.h"
+#include "Words.h"
 
 #include <gtest/gtest.h>
 
@@ -70,10 +71,8 @@ TEST_F(Element, FullNamesHangOnTheParentAndSkipClientAreas) {
     TAVUElement* client = g_ClientFactory.CreateUIElement(window, "Client");
     TAVUElement* ok = MakeElement("OK", client);
     TAVUElement* label = MakeElement("Label", ok);
-    EXPECT_STREQ(window->FullName, "MainWindow");
-    EXPECT_STREQ(client->FullName, "Client@MainWindow");
-    EXPECT_STREQ(ok->FullName, "OK@MainWindow");
-    EXPECT_STREQ(label->FullName, "Label@OK@MainWindow");
+    EXPECT_EQ(Words(window->FullName, client->FullName, ok->FullName, label->FullName),
+              "MainWindow Client@MainWindow OK@MainWindow Label@OK@MainWindow");
     EXPECT_STREQ(ok->Name, "ok"); // lower-cased, full name keeps its case
     EXPECT_EQ(g_UIManager.FindElement("ok@mainwindow"), ok);
     EXPECT_EQ(window->FindChild("CLIENT"), client);
@@ -161,18 +160,17 @@ TEST_F(Element, WalkJumpsOneSiblingFurtherWhenItClimbs) {
     TAVUElement* a2 = MakeElement("a2", a);
     TAVUElement* b = MakeElement("b");
     TAVUElement* c = MakeElement("c");
-    EXPECT_EQ(a->Walk(false, nullptr), a1);
-    EXPECT_EQ(a1->Walk(false, nullptr), a2);
-    EXPECT_EQ(a2->Walk(false, nullptr), c); // b is jumped over
-    EXPECT_EQ(c->Walk(false, nullptr), nullptr);
-    b->Visible = false;
-    EXPECT_EQ(a->Walk(true, nullptr), a1);
-    EXPECT_EQ(a2->Walk(true, nullptr), c); // the first visible one from the hidden sibling
+    auto name = [](TAVUElement* e) { return e ? e->Name : "(none)"; };
+    // From a2, b is jumped over; the climb stops at stop.
+    EXPECT_EQ(Words(name(a->Walk(false, nullptr)), name(a1->Walk(false, nullptr)),
+                    name(a2->Walk(false, nullptr)), name(c->Walk(false, nullptr)),
+                    name(a2->Walk(false, a)), name(c->WalkReverse(false, nullptr)),
+                    name(a->WalkReverse(false, nullptr))),
+              "a1 a2 c (none) (none) b a2");
+    b->Visible = false; // from a2, the first visible one after the hidden sibling
+    EXPECT_EQ(Words(name(a->Walk(true, nullptr)), name(a2->Walk(true, nullptr))), "a1 c");
     a1->Visible = false;
-    EXPECT_EQ(a->Walk(true, nullptr), a2);
-    EXPECT_EQ(a2->Walk(false, a), nullptr); // the climb stops at stop
-    EXPECT_EQ(c->WalkReverse(false, nullptr), b);
-    EXPECT_EQ(a->WalkReverse(false, nullptr), a2);
+    EXPECT_EQ(Words(name(a->Walk(true, nullptr))), "a2");
 }
 
 TEST_F(Element, FocusMovesWithExitBeforeEnterAndLeavesHiddenElements) {
