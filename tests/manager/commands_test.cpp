@@ -34,21 +34,8 @@ protected:
     std::string Said() const { return Host.Console.empty() ? "" : Host.Console.back(); }
 };
 
-TEST_F(Commands, UILoadsReloadsAndUnloads) {
-    EXPECT_EQ(Run(UICommand, {"UI", "-load", "widgets.xml"}), 0);
-    TAVUElement* first = g_UIManager.FindElement("Toolbar");
-    ASSERT_NE(first, nullptr);
-    unsigned id = first->ID;
-    EXPECT_EQ(Run(UICommand, {"UI", "-reload", "widgets.xml", "Toolbar"}), 0);
-    EXPECT_NE(g_UIManager.FindElement("Toolbar")->ID, id);
-    EXPECT_EQ(Run(UICommand, {"UI", "-load", "widgets.xml", "toolbar", "Second"}), 0);
-    EXPECT_NE(g_UIManager.FindElement("Second"), nullptr);
-    EXPECT_EQ(Run(UICommand, {"UI", "-unload", "widgets.xml"}), 0);
-    EXPECT_EQ(g_UIManager.FindElement("Toolbar"), nullptr);
-    EXPECT_EQ(Run(UICommand, {"UI", "-reset"}), 0);
-    EXPECT_EQ(g_UIManager.FindElement("Second"), nullptr);
-}
-
+// Loading, reloading, unloading and resetting through the command are
+// checked by the teardown cases and by tavuhost's commands and teardown cases.
 // The plain syntax line, a load's usage, a missing parent and an unknown
 // element are checked end to end by tavuhost's commands case.
 TEST_F(Commands, UIUsageAndFailureMessages) {
