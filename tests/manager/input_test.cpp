@@ -111,11 +111,22 @@ TEST_F(Input, ADragEndingElsewhereReleasesOnThePressedElementFirst) {
 TEST_F(Input, APressRaisesTheTopLevelAncestorUnlessSomethingMovedInZ) {
     TAVUElement* back = MakeBox("Back", 0, 0, 100, 100);
     TAVUElement* button = MakeBox("Button", 0, 0, 50, 50, back);
-    MakeBox("Front", 200, 0, 100, 100);
+    TAVUElement* front = MakeBox("Front", 200, 0, 100, 100);
     On(button->OnLeftClick, button, "click");
     PointAt(10, 10);
     EXPECT_TRUE(g_UIManager.OnLMouseDown());
     EXPECT_EQ(g_UIManager.Screen->LastChild, back);
+    g_UIManager.OnLMouseUp();
+    // A press whose script moved something in Z leaves the order as the script made it.
+    On(button->OnLeftDown, button, "bring the front back up");
+    Host.OnExecuteAtom = [&](const FakeHost::AtomRun&) {
+        front->MoveZTop(false);
+        return 0;
+    };
+    TavuAdvanceClock(1000); // no double click
+    EXPECT_TRUE(g_UIManager.OnLMouseDown());
+    Host.OnExecuteAtom = nullptr;
+    EXPECT_EQ(g_UIManager.Screen->LastChild, front);
 }
 
 TEST_F(Input, AnElementThatDeletesItselfWhenPressedLeavesNoDanglingPress) {
