@@ -8,8 +8,6 @@
 
 #include <filesystem>
 #include <string>
-#include <utility>
-#include <vector>
 
 namespace {
 struct MonkeyRun {
@@ -23,32 +21,23 @@ const MonkeyRun kRuns[] = {
     {"tests/data/manager/teardown.xml", 5}, {"tests/data/manager/messages.xml", 6},
 };
 
-class Monkey : public ToolkitTest {
-protected:
-    // Loads file as name, with its event scripts running their commands, and
-    // shakes it: the tree must hang together afterwards.
-    void Shake(const std::string& file, const char* name, uint64_t seed, long budget, int steps,
-               std::vector<std::string> commands) {
-        Host.InterfaceFiles[name] = file;
-        Host.RunsAtomCommands = true;
-        Host.CommandBudget = budget;
-        EXPECT_TRUE(g_UIManager.LoadInterfaceXML(name, false, nullptr));
-        EXPECT_NE(g_UIManager.Screen->FirstChild, nullptr) << "nothing loaded";
-        InputMonkey monkey(Host, seed);
-        monkey.Commands = std::move(commands);
-        monkey.Run(steps);
-        ExpectConsistentTree();
-    }
-};
+class Monkey : public ToolkitTest {};
 
 TEST_F(Monkey, RandomInputLeavesAWholeTree) {
     for (const MonkeyRun& run : kRuns) {
         SCOPED_TRACE(std::string(run.File) + " seed " + std::to_string(run.Seed));
-        Shake(std::string(TAVU_TEST_DATA_DIR) + "/../../" + run.File, "monkey.xml", run.Seed, 2000,
-              3000,
-              {"UIElement -toggle {element}", "UIElement -kill {element}", "UI -reload monkey.xml",
-               "UI -load monkey.xml"});
+        std::string path = std::string(TAVU_TEST_DATA_DIR) + "/../../" + run.File;
+        Host.InterfaceFiles["monkey.xml"] = path;
+        Host.RunsAtomCommands = true;
+        Host.CommandBudget = 2000;
+        ASSERT_TRUE(g_UIManager.LoadInterfaceXML("monkey.xml", false, nullptr));
+        ASSERT_NE(g_UIManager.Screen->FirstChild, nullptr);
+        InputMonkey monkey(Host, run.Seed);
+        monkey.Commands = {"UIElement -toggle {element}", "UIElement -kill {element}",
+                           "UI -reload monkey.xml", "UI -load monkey.xml"};
+        monkey.Run(3000);
         EXPECT_FALSE(Host.AtomRuns.empty()) << "no event script ran";
+        ExpectConsistentTree();
         g_UIManager.Reset();
         Host.ClearRecords();
     }
@@ -59,9 +48,15 @@ TEST_F(Monkey, FuzzRegressionsEndCleanly) {
     std::string folder = std::string(TAVU_TEST_DATA_DIR) + "/manager/regress";
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         SCOPED_TRACE(entry.path().string());
-        Shake(entry.path().string(), "fuzz.xml", 7, 300, 200,
-              {"UI -reload fuzz.xml", "UI -unload fuzz.xml", "UI -reset",
-               "UIElement -kill {element}"});
+        Host.InterfaceFiles["fuzz.xml"] = entry.path().string();
+        Host.RunsAtomCommands = true;
+        Host.CommandBudget = 300;
+        EXPECT_TRUE(g_UIManager.LoadInterfaceXML("fuzz.xml", false, nullptr));
+        InputMonkey monkey(Host, 7);
+        monkey.Commands = {"UI -reload fuzz.xml", "UI -unload fuzz.xml", "UI -reset",
+                           "UIElement -kill {element}"};
+        monkey.Run(200);
+        ExpectConsistentTree();
         g_UIManager.Reset();
     }
 }
