@@ -77,9 +77,10 @@ TEST_F(Drawing, LineRecordsCarryTheirOddAlphaByte) {
     EXPECT_EQ(Fields(Host.DrawRecords[0]), "0x00000006 1,2,30,40 0,0,0,0 1 1 0 0xff123456");
     EXPECT_EQ(Host.DrawRecords[1].Alpha, uint8_t(127 * 255));
     EXPECT_EQ(Host.LineWidths, (std::vector<unsigned>{3, 1}));
-}
 
-TEST_F(Drawing, LineBatchesShareOneRecordWithTheAdjustedColour) {
+    // A batch shares one record, with the adjusted colour; even no lines draw one.
+    Host.ClearRecords();
+    element->CurrentAlpha = 1.0f;
     EXPECT_TRUE(element->DrawLines(nullptr, 0, 0xFF000000u, 1));
     _Line lines[2] = {{0, 0, 10, 10}, {5, 5, 6, 6}};
     element->CurrentAlpha = 0.5f;
@@ -184,9 +185,9 @@ TEST_F(TexturedDrawing, BatchesRefuseAnyMissingTextureAndDrawNothing) {
     ASSERT_EQ(Host.DrawRecords.size(), 1u);
     EXPECT_EQ(Host.DrawRecords[0].Alpha, 77);
     EXPECT_EQ(Host.DrawRecords[0].Bottom, 4);
-}
 
-TEST_F(TexturedDrawing, TexturedLinesNeedATextureEvenForNoLines) {
+    // Textured lines need a texture even for no lines.
+    Host.ClearRecords();
     EXPECT_FALSE(element->DrawLines(nullptr, 0, static_cast<TAVUTexture*>(nullptr), 1));
     EXPECT_TRUE(element->DrawLines(nullptr, 0, texture, 1));
     _Line line{0, 0, 5, 5};

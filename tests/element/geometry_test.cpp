@@ -43,6 +43,14 @@ protected:
     TAVUElement* Sized(const char* name, TAVUElement* parent) {
         return g_SizedFactory.CreateUIElement(parent, name);
     }
+    // Where an element stands on its parent and how big it is, as "x,y wxh".
+    static std::string Box(const TAVUElement* e) {
+        return std::to_string(e->X) + "," + std::to_string(e->Y) + " " + std::to_string(e->Width) +
+               "x" + std::to_string(e->Height);
+    }
+    static std::string At(const TAVUElement* e) {
+        return std::to_string(e->AbsolutePosition.x) + "," + std::to_string(e->AbsolutePosition.y);
+    }
     TAVUElement* Parent = nullptr;
 };
 
@@ -54,17 +62,15 @@ TEST_F(Geometry, EachPositionFormResolvesAgainstTheParent) {
     child->YPosition = FromFarEdge(-5);
     child->HeightPosition = Fraction(-0.5f);
     child->RecalculateSize(false);
-    EXPECT_EQ(child->X, 7);
-    EXPECT_EQ(child->Width, 33);   // truncated towards zero
-    EXPECT_EQ(child->Y, 55);       // past the far edge
-    EXPECT_EQ(child->Height, -25); // a negative factor stays negative
+    // The width truncated towards zero, Y past the far edge, and a negative
+    // factor stays negative.
+    EXPECT_EQ(Box(child), "7,55 33x-25");
     int x, y;
     unsigned width, height;
     ASSERT_TRUE(child->GetStoragePosition(x, y, width, height));
-    EXPECT_EQ(x, 7);
-    EXPECT_EQ(y, 55);
-    EXPECT_EQ(width, 33u);
-    EXPECT_EQ(height, unsigned(-25));
+    EXPECT_EQ(std::to_string(x) + "," + std::to_string(y) + " " + std::to_string(width) + "x" +
+                  std::to_string(height),
+              "7,55 33x" + std::to_string(unsigned(-25)));
 }
 
 TEST_F(Geometry, AChangeAnywhereResolvesTheRestAndWalksDownOnlyWhenAsked) {
@@ -75,9 +81,7 @@ TEST_F(Geometry, AChangeAnywhereResolvesTheRestAndWalksDownOnlyWhenAsked) {
     grandchild->HeightPosition = Fraction(0.5f);
 
     child->RecalculateSize(true); // only Y and Height depend on the parent's height
-    EXPECT_EQ(child->Y, 40);
-    EXPECT_EQ(child->Height, 30);
-    EXPECT_EQ(grandchild->Height, 15);
+    EXPECT_EQ(Box(child) + " " + Box(grandchild), "0,40 0x30 0,0 0x15");
     EXPECT_EQ(g_Resized, (std::vector<std::string>{"child:changed", "grandchild:changed"}));
 
     g_Resized.clear();
@@ -87,8 +91,7 @@ TEST_F(Geometry, AChangeAnywhereResolvesTheRestAndWalksDownOnlyWhenAsked) {
     g_Resized.clear();
     Parent->Height = 60;
     child->RecalculateSize(false);
-    EXPECT_EQ(child->Height, 40);
-    EXPECT_EQ(grandchild->Height, 15); // not asked to recurse
+    EXPECT_EQ(Box(child) + " " + Box(grandchild), "0,50 0x40 0,0 0x15"); // not asked to recurse
     EXPECT_EQ(g_Resized, (std::vector<std::string>{"child:changed"}));
 }
 
@@ -115,9 +118,5 @@ TEST_F(Geometry, AbsolutePositionsReachTheWholeSubtreeWhateverItsVisibility) {
     grandchild->Y = 2;
     _Point2i origin{100, 200};
     Parent->SetAbsolutePosition(origin);
-    EXPECT_EQ(Parent->AbsolutePosition.x, 100);
-    EXPECT_EQ(child->AbsolutePosition.x, 105);
-    EXPECT_EQ(child->AbsolutePosition.y, 206);
-    EXPECT_EQ(grandchild->AbsolutePosition.x, 106);
-    EXPECT_EQ(grandchild->AbsolutePosition.y, 208);
+    EXPECT_EQ(At(Parent) + " " + At(child) + " " + At(grandchild), "100,200 105,206 106,208");
 }

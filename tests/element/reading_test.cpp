@@ -5,6 +5,7 @@
 #include "TAVUSkin.h"
 #include "TAVUTexture.h"
 #include "ToolkitTest.h"
+#include "Words.h"
 #include "XMLNode.h"
 #include "XMLParser.h"
 
@@ -23,16 +24,13 @@ TEST_F(Reading, NodeOverTemplateOverDefaultWithFadeAlphaFollowingAlpha) {
     XMLNode* node = Parse("<panel><AlwaysOnTop>0</AlwaysOnTop><Width>r10</Width>"
                           "<Visible>0</Visible><AutoTooltip>Hello</AutoTooltip></panel>");
     ASSERT_TRUE(element->FromXML(node, templateNode));
-    EXPECT_FLOAT_EQ(element->Alpha, 0.5f);
-    EXPECT_FLOAT_EQ(element->FadeAlpha, 0.5f); // nothing said: it follows the alpha
-    EXPECT_EQ(element->Strata, 3);             // AlwaysOnTop false over the template's true
-    EXPECT_EQ(element->FadeDelay, 100u);
-    EXPECT_EQ(element->WidthPosition.Type, unsigned(ElementPosition::FarEdge));
-    EXPECT_EQ(element->Width, 10);
-    EXPECT_EQ(element->HeightPosition.Type, unsigned(ElementPosition::Fraction));
-    EXPECT_FALSE(element->Visible);
-    EXPECT_STREQ(element->AutoTooltip, "Hello");
-    EXPECT_EQ(element->LoadedWidthPosition.Type, unsigned(ElementPosition::FarEdge));
+    // The fade alpha follows the alpha, nothing said; AlwaysOnTop false over
+    // the template's true leaves the strata; the width from the far edge (3),
+    // the height a fraction (2).
+    const TAVUElement& e = *element;
+    EXPECT_EQ(Words(e.Alpha, e.FadeAlpha, e.Strata, e.FadeDelay, e.WidthPosition.Type, e.Width,
+                    e.HeightPosition.Type, e.Visible, e.AutoTooltip, e.LoadedWidthPosition.Type),
+              "0.5 0.5 3 100 3 10 2 0 Hello 3");
     EXPECT_TRUE(Host.Restored.empty()); // no StorePosition
 }
 

@@ -3,6 +3,7 @@
 #include "TAVUScreen.h"
 #include "TAVUSkin.h"
 #include "ToolkitTest.h"
+#include "../element/Words.h"
 
 #include <gtest/gtest.h>
 
@@ -30,10 +31,8 @@ TEST_F(InterfaceFiles, LoadsTemplatesElementsAndChildrenDeepestFirst) {
     EXPECT_TRUE(g_UIManager.LoadInterfaceXML("layout.xml", false, nullptr));
     TAVUElement* main = g_UIManager.FindElement("Main");
     ASSERT_NE(main, nullptr);
-    EXPECT_EQ(main->X, 10);     // the node's own
-    EXPECT_EQ(main->Width, 50); // the template's
-    EXPECT_FLOAT_EQ(main->Alpha, 0.5f);
-    EXPECT_FLOAT_EQ(main->FadeAlpha, 0.5f); // follows the alpha just read
+    // X the node's own, the width the template's, the fade alpha following the alpha.
+    EXPECT_EQ(Words(main->X, main->Width, main->Alpha, main->FadeAlpha), "10 50 0.5 0.5");
     EXPECT_EQ(Host.Ran(), (std::vector<std::string>{"echo ok loaded", "echo main loaded"}));
     // The node's "Children" hide the template's whole.
     EXPECT_NE(g_UIManager.FindElement("Ok@Main"), nullptr);
@@ -133,8 +132,9 @@ TEST_F(InterfaceFiles, TemplatesCountFromWhereTheyStandAndFailuresEachSaySo) {
     Host.InterfaceFiles["messages.xml"] = DataFile("messages.xml");
     Host.FailCompile = true;
     EXPECT_TRUE(g_UIManager.LoadInterfaceXML("messages.xml", false, nullptr));
-    EXPECT_EQ(g_UIManager.FindElement("UsesLater")->Width, 0); // its template came later
-    EXPECT_EQ(g_UIManager.FindElement("UsesLaterAgain")->Width, 77);
+    EXPECT_EQ(Words(g_UIManager.FindElement("UsesLater")->Width, // its template came later
+                    g_UIManager.FindElement("UsesLaterAgain")->Width),
+              "0 77");
     EXPECT_EQ(g_UIManager.FindElement("Refused"), nullptr);
     EXPECT_EQ(Host.Console,
               (std::vector<std::string>{"OnLoad embedded script failed to load",

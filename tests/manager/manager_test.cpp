@@ -1,6 +1,7 @@
 #include "Module.h"
 #include "TAVUScreen.h"
 #include "ToolkitTest.h"
+#include "../element/Words.h"
 
 #include <gtest/gtest.h>
 
@@ -9,15 +10,11 @@
 
 TEST(ManagerConstruction, StartsWithItsDefaults) {
     ResetToolkit();
-    EXPECT_EQ(g_UIManager.GetVersion(), 18u);
-    EXPECT_EQ(g_UIManager.NextElementID, 1u);
-    EXPECT_EQ(g_UIManager.MousePosition.x, -1);
-    EXPECT_EQ(g_UIManager.MousePosition.y, -1);
-    EXPECT_STREQ(g_UIManager.Prefix, "TAVU");
-    EXPECT_EQ(g_UIManager.TooltipDelay, 1000u);
-    EXPECT_EQ(g_UIManager.DoubleClickTime, 250u);
-    EXPECT_EQ(g_UIManager.KeyRepeatInterval, 50u);
-    EXPECT_EQ(g_UIManager.KeyRepeatDelay, 250u);
+    const CUIManager& m = g_UIManager;
+    EXPECT_EQ(Words(g_UIManager.GetVersion(), m.NextElementID, m.MousePosition.x, m.MousePosition.y,
+                    m.Prefix, m.TooltipDelay, m.DoubleClickTime, m.KeyRepeatInterval,
+                    m.KeyRepeatDelay),
+              "18 1 -1 -1 TAVU 1000 250 50 250");
     EXPECT_EQ(g_UIManager.Screen, nullptr);
     g_UIManager.Shutdown(); // constructed state: nothing happens, nothing is touched
     EXPECT_FALSE(g_UIManager.IsShutDown);
@@ -39,16 +36,15 @@ TEST_F(Manager, FindElementLeavesAnEmptyEntryThatALaterElementFills) {
 TEST_F(Manager, RenderTakesFrameTimeAndDisplaySize) {
     Host.DisplayAvailable = false;
     g_UIManager.Render();
-    EXPECT_EQ(g_UIManager.Screen->Width, 800); // until the host answers
-    EXPECT_EQ(g_UIManager.Screen->Height, 600);
+    EXPECT_EQ(Words(g_UIManager.Screen->Width, g_UIManager.Screen->Height),
+              "800 600"); // until the host answers
     Host.DisplayAvailable = true;
     Host.DisplayWidth = 1024;
     Host.DisplayHeight = 768;
     TavuAdvanceClock(40);
     g_UIManager.Render();
     EXPECT_EQ(g_UIManager.FrameTime, kStartTick + 40);
-    EXPECT_EQ(g_UIManager.Screen->Width, 1024);
-    EXPECT_EQ(g_UIManager.Screen->Height, 768);
+    EXPECT_EQ(Words(g_UIManager.Screen->Width, g_UIManager.Screen->Height), "1024 768");
     Host.DisplayAvailable = false; // a failed answer keeps the old size
     g_UIManager.Render();
     EXPECT_EQ(g_UIManager.Screen->Width, 1024);

@@ -17,6 +17,7 @@
 
 namespace {
 const char kFile[] = "teardown.xml";
+const std::string kTemplateFile = "teardown-template.xml";
 
 struct TeardownCase {
     const char* Outer;     // what starts the teardown
@@ -51,7 +52,8 @@ class Teardown : public ToolkitTest {
 protected:
     void SetUp() override {
         ToolkitTest::SetUp();
-        Host.InterfaceFiles[kFile] = std::string(TAVU_TEST_DATA_DIR) + "/manager/" + kFile;
+        for (std::string file : {std::string(kFile), kTemplateFile})
+            Host.InterfaceFiles[file] = std::string(TAVU_TEST_DATA_DIR) + "/manager/" + file;
     }
 
     // Loads the file, arms the inner command, runs the outer one; gives how
@@ -104,17 +106,12 @@ TEST_F(Teardown, AnyTeardownFromInsideAnyOtherIsSafe) {
 // load is replaced. The load stops where its parent went, and reads nothing
 // freed.
 TEST_F(Teardown, AnyTeardownFromAnOnLoadIsSafe) {
-    const std::string file = "teardown-template.xml";
-    Host.InterfaceFiles[file] = std::string(TAVU_TEST_DATA_DIR) + "/manager/" + file;
-    const char* const kInner[] = {"UI -reset",         "UI -reload {file}",
-                                  "UI -unload {file}", "UI -load {file}",
-                                  "UIElement -kill A", "UI -load -skin Look {file}"};
-    for (const char* inner : kInner) {
+    const std::string& file = kTemplateFile;
+    const std::string kInner[] = {"UI -reset",          "UI -reload " + file,
+                                  "UI -unload " + file, "UI -load " + file,
+                                  "UIElement -kill A",  "UI -load -skin Look " + file};
+    for (const std::string& line : kInner) {
         for (const char* runsInner : {"load A", "load C"}) {
-            std::string line = inner;
-            line.replace(line.find("{file}") == std::string::npos ? line.size()
-                                                                  : line.find("{file}"),
-                         line.find("{file}") == std::string::npos ? 0 : 6, file);
             SCOPED_TRACE(line + " from " + runsInner);
             size_t runs = 0;
             Host.OnExecuteAtom = [&](const FakeHost::AtomRun& run) {
@@ -134,8 +131,7 @@ TEST_F(Teardown, AnyTeardownFromAnOnLoadIsSafe) {
 }
 
 TEST_F(Teardown, AFileWhoseElementReloadsItStopsSixteenLoadsDeep) {
-    const std::string file = "teardown-template.xml";
-    Host.InterfaceFiles[file] = std::string(TAVU_TEST_DATA_DIR) + "/manager/" + file;
+    const std::string& file = kTemplateFile;
     Host.OnExecuteAtom = [&](const FakeHost::AtomRun& run) {
         if (run.Source.find("{\nload A\n}") != std::string::npos)
             Host.RunCommandLine("UI -reload " + file);
@@ -165,12 +161,17 @@ TEST_F(Teardown, AnElementDeletedThroughDeleteAloneLeavesItsParentsList) {
 }
 
 // The three first seen as crashes, each with what is left afterwards.
-TEST_F(Teardown, AResetFromTheResetsOwnUnloadIsIgnored) {
+TEST_F(Teardown, AResetFromTheResetsOwnUnloadIsIgnoredAndLoadsDuringItAreRefused) {
     Run({"UI -reset", "UI -reset", "a"});
     ASSERT_NE(g_UIManager.Screen, nullptr);
     EXPECT_EQ(g_UIManager.Screen->FirstChild, nullptr);
     EXPECT_FALSE(g_UIManager.Screen->IsBeingDeleted());
     EXPECT_NE(g_UIManager.LoadElement(g_UIManager.Screen, "frame", "Fresh"), nullptr);
+    g_UIManager.Reset();
+    Host.Console.clear();
+    Run({"UI -reset", "UI -load teardown.xml", "c"}); // elements loaded meanwhile are refused
+    EXPECT_EQ(Host.Console.front(), "Cannot load 'A' under 'screen': it is being deleted");
+    EXPECT_EQ(g_UIManager.Screen->FirstChild, nullptr);
 }
 
 TEST_F(Teardown, AnElementReloadedAsItsOwnChildIsRefusedAndGoesOnce) {
@@ -183,12 +184,6 @@ TEST_F(Teardown, AnElementReloadedAsItsOwnChildIsRefusedAndGoesOnce) {
         EXPECT_EQ(g_UIManager.FindElement("C@A@A"), nullptr);
         g_UIManager.Reset();
     }
-}
-
-TEST_F(Teardown, ElementsLoadedDuringAResetAreRefused) {
-    Run({"UI -reset", "UI -load teardown.xml", "c"});
-    EXPECT_EQ(Host.Console.front(), "Cannot load 'A' under 'screen': it is being deleted");
-    EXPECT_EQ(g_UIManager.Screen->FirstChild, nullptr);
 }
 
 TEST_F(Teardown, AKilledElementsUnloadMayLoadItsSuccessor) {

@@ -52,51 +52,44 @@ TEST_F(ColoredText, TextWithoutCodesIsOneDraw) {
     EXPECT_EQ(Host.Texts.size(), 2u);
 }
 
-TEST_F(ColoredText, AHashColourLastsUntilItIsPoppedAndTheFontKeepsItsColour) {
-    EXPECT_EQ(TAVUColoredText::Draw(Font, "\a#00FF00green\ax", 10, 0), 35u);
-    Pieces expected = {{"green", 0xFF00FF00}, {"", kFontColor}};
-    EXPECT_EQ(Drawn(), expected);
-    EXPECT_EQ(Font->Color, kFontColor);
-}
-
-TEST_F(ColoredText, NestedPushesAndPopsWalkBackThroughTheStack) {
-    size_t width = TAVUColoredText::Draw(Font, "a\arb\a-gc\axd\axe\axf\a\ayg", 100, 7);
-    Pieces expected = {{"a", kFontColor}, {"b", kRed},       {"c", kDarkGreen}, {"d", kRed},
-                       {"e", kFontColor}, {"f", kFontColor}, {"g", 0xFFFFFF00}};
-    EXPECT_EQ(Drawn(), expected);
-    EXPECT_EQ(width, 7u * 7u);
-    // The pen moves on by each piece's width.
-    for (size_t i = 0; i < Host.Texts.size(); ++i) {
-        EXPECT_EQ(Host.Texts[i].Rect.left, 100 + int(i) * 7);
-        EXPECT_EQ(Host.Texts[i].Rect.top, 7);
+TEST_F(ColoredText, CodesPushAndPopColoursAndTheFontKeepsItsOwn) {
+    // Unknown codes stay text but lose a leading dash; a code cut by the end
+    // of the text reads nothing beyond it; six digits and no more.
+    const struct {
+        const char* Text;
+        Pieces Drawn;
+    } cases[] = {
+        {"\a#00FF00green\ax", {{"green", 0xFF00FF00}, {"", kFontColor}}},
+        {"a\arb\a-gc\axd\axe\axf\a\ayg",
+         {{"a", kFontColor},
+          {"b", kRed},
+          {"c", kDarkGreen},
+          {"d", kRed},
+          {"e", kFontColor},
+          {"f", kFontColor},
+          {"g", 0xFFFFFF00}}},
+        {"\a-zHello\aqHi\a-xA\aRB",
+         {{"zHello", kFontColor}, {"qHi", kFontColor}, {"A", kFontColor}, {"RB", kFontColor}}},
+        {"\abblack\a-wgrey", {{"black", 0x00000000}, {"grey", 0xFF999999}}},
+        {"ab\a#12", {{"ab", kFontColor}, {"", 0xFF000012}}},
+        {"ab\a-", {{"ab", kFontColor}, {"", kFontColor}}},
+        {"ab\a", {{"ab", kFontColor}}},
+        {"\a#", {{"", 0xFF000000}}},
+        {"\a#0000FF7x", {{"7x", 0xFF0000FF}}},
+    };
+    for (const auto& c : cases) {
+        Host.Texts.clear();
+        TAVUColoredText::Draw(Font, c.Text, 100, 7);
+        EXPECT_EQ(Drawn(), c.Drawn) << c.Text;
+        EXPECT_EQ(Font->Color, kFontColor);
     }
-}
-
-TEST_F(ColoredText, UnknownCodesStayTextButLoseALeadingDash) {
-    TAVUColoredText::Draw(Font, "\a-zHello\aqHi\a-xA\aRB", 0, 0);
-    Pieces expected = {
-        {"zHello", kFontColor}, {"qHi", kFontColor}, {"A", kFontColor}, {"RB", kFontColor}};
-    EXPECT_EQ(Drawn(), expected);
-
+    // The pen moves on by each piece's width.
     Host.Texts.clear();
-    TAVUColoredText::Draw(Font, "\abblack\a-wgrey", 0, 0);
-    Pieces shades = {{"black", 0x00000000}, {"grey", 0xFF999999}};
-    EXPECT_EQ(Drawn(), shades);
-}
-
-TEST_F(ColoredText, CodesCutByTheEndOfTheTextReadNothingBeyondIt) {
-    TAVUColoredText::Draw(Font, "ab\a#12", 0, 0);
-    TAVUColoredText::Draw(Font, "ab\a-", 0, 0);
-    TAVUColoredText::Draw(Font, "ab\a", 0, 0);
-    TAVUColoredText::Draw(Font, "\a#", 0, 0);
-    Pieces expected = {{"ab", kFontColor}, {"", 0xFF000012},   {"ab", kFontColor},
-                       {"", kFontColor},   {"ab", kFontColor}, {"", 0xFF000000}};
-    EXPECT_EQ(Drawn(), expected);
-    // Six digits and no more: the seventh is text.
-    Host.Texts.clear();
-    TAVUColoredText::Draw(Font, "\a#0000FF7x", 0, 0);
-    Pieces exact = {{"7x", 0xFF0000FF}};
-    EXPECT_EQ(Drawn(), exact);
+    EXPECT_EQ(TAVUColoredText::Draw(Font, cases[1].Text, 100, 7), 7u * 7u);
+    for (size_t i = 0; i < Host.Texts.size(); ++i)
+        EXPECT_EQ(std::to_string(Host.Texts[i].Rect.left) + "," +
+                      std::to_string(Host.Texts[i].Rect.top),
+                  std::to_string(100 + 7 * i) + ",7");
 }
 
 TEST_F(ColoredText, ClippedDrawingSkipsEmptyAndPastTheEdgePieces) {

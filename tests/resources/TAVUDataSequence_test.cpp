@@ -34,7 +34,7 @@ protected:
     }
 };
 
-TEST_F(DataSequences, ASequenceIsPreParsedOnceAndRetrievedThroughItsHandle) {
+TEST_F(DataSequences, ASequenceIsPreParsedOnceRetrievedThroughItsHandleAndFreedOnce) {
     unsigned handle;
     {
         TAVUDataSequence sequence("${Player.Name}");
@@ -53,10 +53,7 @@ TEST_F(DataSequences, ASequenceIsPreParsedOnceAndRetrievedThroughItsHandle) {
     }
     EXPECT_EQ(Frees(handle), 1u);
     EXPECT_TRUE(Host.LivePreParsed.empty());
-}
-
-TEST_F(DataSequences, ClearFreesOnceAndAnEmptySequenceStillFreesZeroAtTheEnd) {
-    unsigned handle;
+    // Clear frees once, and an emptied sequence still frees 0 at its end.
     {
         TAVUDataSequence sequence("${A}");
         handle = sequence.Handle;

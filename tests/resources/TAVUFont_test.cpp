@@ -3,6 +3,7 @@
 #include "TAVUFont.h"
 #include "TAVUScreen.h"
 #include "ToolkitTest.h"
+#include "../element/Words.h"
 #include "XMLNode.h"
 #include "XMLParser.h"
 
@@ -195,10 +196,9 @@ TEST_F(Font, ChangesReleaseTheFaceAndTellTheOwnerOnlyWhenSomethingDiffers) {
 
     font->SetName("Serif");
     ASSERT_EQ(Owner->Notes.size(), 1u);
-    EXPECT_EQ(Owner->Notes[0].Source, nullptr);
-    EXPECT_EQ(Owner->Notes[0].Code, 50u);
-    EXPECT_EQ(Owner->Notes[0].Value, reinterpret_cast<size_t>(font.Font));
-    EXPECT_EQ(font->Font, 0u);
+    const FontOwner::Note& note = Owner->Notes[0]; // from no element, code 50, the font
+    EXPECT_EQ(Words(note.Source == nullptr, note.Code, note.Value == size_t(font.Font), font->Font),
+              "1 50 1 0");
     EXPECT_EQ(Host.CallsNamed("ReleaseFont")[0].Line(), "ReleaseFont " + std::to_string(handle));
 
     font->SetBold(true); // unprepared: nothing to give back, but the owner hears it

@@ -139,17 +139,13 @@ TEST_F(Texture, PreparingAndSizingGoThroughTheHostOnlyWhenNeeded) {
     EXPECT_EQ(Host.Count("AcquireTexture"), 1u);
     texture->Left = 3;
     ASSERT_TRUE(texture->GetSize());
-    EXPECT_EQ(texture->Right, 128);
-    EXPECT_EQ(texture->Bottom, 32);
-    EXPECT_EQ(texture->Left, 3);
-    EXPECT_TRUE(texture->Flags & TAVUTexture::HasRect);
+    EXPECT_EQ(Fields(*texture.Texture).substr(0, 13), "1 3,0,128,32 "); // the rect flag set
 
     TextureHolder cut = Read("<T><right>16</right><bottom>8</bottom></T>");
     Host.ClearRecords();
     EXPECT_TRUE(cut->GetSize());
     EXPECT_EQ(Host.Count("GetTextureSize"), 0u);
-    EXPECT_EQ(cut->Right, 16);
-    EXPECT_EQ(cut->Bottom, 8);
+    EXPECT_EQ(Fields(*cut.Texture).substr(0, 11), "1 0,0,16,8 ");
 
     Host.MissingTextures.insert("gone.png");
     TextureHolder missing{TAVUTexture::New("gone.png")};
@@ -178,8 +174,7 @@ TEST_F(Texture, SetAndSetFromGiveTheOldHandleBackOnce) {
     texture->Set("other.png", 0xFF123456);
     EXPECT_EQ(texture->Texture, 0u);
     EXPECT_STREQ(texture->Filename, "other.png");
-    EXPECT_EQ(texture->ColorKey, 0xFF123456u);
-    EXPECT_EQ(texture->Border, 5u); // the other fields stay
+    EXPECT_EQ(Fields(*texture.Texture), "0 0,0,0,0 b5 o0 a1 m00000000 kFF123456 0,0,0,0,0,0");
     EXPECT_EQ(CallsWith("ReleaseTexture", std::to_string(first)), 1u);
     texture->Set(nullptr, 0);
     EXPECT_STREQ(texture->Filename, "");

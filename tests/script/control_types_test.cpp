@@ -5,6 +5,7 @@
 #include "TAVUScreen.h"
 #include "TAVUScriptTypes.h"
 #include "TAVUTexture.h"
+#include "../element/Words.h"
 
 class ControlTypes : public ScriptTypeTest {
 protected:
@@ -63,11 +64,10 @@ TEST_F(ControlTypes, ButtonMembersAndMethods) {
 TEST_F(ControlTypes, CheckBoxTickMethodsChangeTheStateAlone) {
     auto* box = Make<TAVUCheckBox>("commandcheckbox", "Music");
     Host.ClearRecords();
-    EXPECT_EQ(Method(pTAVUCheckBoxType, box, "SetChecked"), 1);
-    EXPECT_TRUE(box->Checked);
-    EXPECT_EQ(Method(pTAVUCheckBoxType, box, "ToggleChecked"), 1);
-    EXPECT_FALSE(box->Checked);
-    EXPECT_EQ(Method(pTAVUCheckBoxType, box, "ToggleChecked"), 1);
+    std::string states; // each method's answer and the state it leaves
+    for (const char* method : {"SetChecked", "ToggleChecked", "ToggleChecked"})
+        states += Words(Method(pTAVUCheckBoxType, box, method), box->Checked) + "; ";
+    EXPECT_EQ(states, "1 1; 1 0; 1 1; ");
     EXPECT_EQ(Get(pTAVUCheckBoxType, box, "Checked"), "1 TRUE");
     EXPECT_EQ(Method(pTAVUCheckBoxType, box, "UnsetChecked"), 1);
     EXPECT_FALSE(box->Checked);
