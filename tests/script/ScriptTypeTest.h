@@ -26,16 +26,16 @@ protected:
                std::vector<std::string> args = {}) {
         RXObjectData data{};
         data.Value.Pointer = object;
-        std::vector<char*> argv = Pointers(args);
+        Arguments argv(args);
         Result = _RXTypeVar{};
-        return type->DispatchMember(data, name, int(argv.size()), argv.data(), Result);
+        return type->DispatchMember(data, name, argv.Count, argv.Items.get(), Result);
     }
     int Method(RXTypeDefinition* type, void* object, const char* name,
                std::vector<std::string> args = {}) {
         RXObjectData data{};
         data.Value.Pointer = object;
-        std::vector<char*> argv = Pointers(args);
-        return type->DispatchMethod(data, name, int(argv.size()), argv.data());
+        Arguments argv(args);
+        return type->DispatchMethod(data, name, argv.Count, argv.Items.get());
     }
 
     // The last member result as text, read by its type's name.
@@ -68,12 +68,15 @@ protected:
     std::vector<std::unique_ptr<RXTypeDefinition>> HostTypes;
 
 private:
-    std::vector<char*> Pointers(std::vector<std::string>& args) {
-        std::vector<char*> argv;
-        for (std::string& arg : args)
-            argv.push_back(arg.data());
-        argv.push_back(nullptr);
-        argv.pop_back();
-        return argv;
-    }
+    // Exactly as many pointers as arguments, with no terminator after them:
+    // a handler that reads past its arguments is caught by the sanitizer.
+    struct Arguments {
+        explicit Arguments(std::vector<std::string>& args)
+            : Items(new char*[args.size()]), Count(int(args.size())) {
+            for (size_t i = 0; i < args.size(); ++i)
+                Items[i] = args[i].data();
+        }
+        std::unique_ptr<char*[]> Items;
+        int Count;
+    };
 };
