@@ -114,23 +114,25 @@ TEST_F(ScriptLanguage, WordsSplitAtBlanksWithQuotesAndSequencesGrouping) {
     EXPECT_EQ(std::vector<std::string>{"COUNT"}, Counted) << "command names ignore case";
 }
 
+// Members walk and nest; what does not resolve reads NULL, and (exists) asks
+// without failing.
 TEST_F(ScriptLanguage, DataSequencesWalkMembersAndNest) {
-    EXPECT_EQ("Window 300", Text("${Widget} ${Widget.Width}"));
-    EXPECT_EQ("Label 40", Text("${Widget.Child} ${Widget.Child.Width}"));
-    EXPECT_EQ("Label", Text("${Widget[child]}"));
-    EXPECT_EQ("2|a|b c", Text("${Widget.Args[a,\"b c\"]}"));
-    EXPECT_EQ("1|x,y]", Text("${Widget.Args[\"x,y]\"]}"));
-    EXPECT_EQ("0", Text("${Widget.Args[]}"));
-    EXPECT_EQ("1|340", Text("${Widget.Args[${Math.Calc[${Widget.Width}+${Widget.Child.Width}]}]}"));
-}
-
-TEST_F(ScriptLanguage, UnresolvedSequencesReadNullAndExistsAsksWithoutFailing) {
-    EXPECT_EQ("NULL NULL NULL", Text("${Nothing} ${Widget.Nothing} ${Widget.Child.Child}"));
-    EXPECT_EQ("NULL", Text("${Widget[missing]}"));
-    EXPECT_EQ("TRUE FALSE FALSE", Text("${Widget(exists)} ${Nothing(exists)} "
-                                       "${Widget.Child.Child(exists)}"));
-    EXPECT_EQ("x ${Widget", Text("x ${Widget")) << "an unclosed sequence stays as written";
-    EXPECT_EQ("NULL|NULL", Text("${}|${Widget.}"));
+    const std::pair<const char*, const char*> cases[] = {
+        {"${Widget} ${Widget.Width}", "Window 300"},
+        {"${Widget.Child} ${Widget.Child.Width}", "Label 40"},
+        {"${Widget[child]}", "Label"},
+        {"${Widget.Args[a,\"b c\"]}", "2|a|b c"},
+        {"${Widget.Args[\"x,y]\"]}", "1|x,y]"},
+        {"${Widget.Args[]}", "0"},
+        {"${Widget.Args[${Math.Calc[${Widget.Width}+${Widget.Child.Width}]}]}", "1|340"},
+        {"${Nothing} ${Widget.Nothing} ${Widget.Child.Child}", "NULL NULL NULL"},
+        {"${Widget[missing]}", "NULL"},
+        {"${Widget(exists)} ${Nothing(exists)} ${Widget.Child.Child(exists)}", "TRUE FALSE FALSE"},
+        {"x ${Widget", "x ${Widget"}, // an unclosed sequence stays as written
+        {"${}|${Widget.}", "NULL|NULL"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(c.second, Text(c.first)) << c.first;
 }
 
 TEST_F(ScriptLanguage, ATextFormThatFillsItsBufferStillEnds) {
