@@ -61,10 +61,9 @@ protected:
 TEST(HostOptions, DefaultsAndTheEndOfOptions) {
     HostOptions options;
     ASSERT_TRUE(ParseOptions(options, {}));
-    EXPECT_EQ(800u, options.Width);
-    EXPECT_EQ(600u, options.Height);
-    EXPECT_EQ("TAVU", options.Prefix);
-    EXPECT_EQ(1u, options.Frames);
+    EXPECT_EQ("800x600 TAVU 1", std::to_string(options.Width) + "x" +
+                                    std::to_string(options.Height) + " " + options.Prefix + " " +
+                                    std::to_string(options.Frames));
     EXPECT_FALSE(options.Renders()) << "a plain run paints nothing";
     HostOptions files;
     ASSERT_TRUE(ParseOptions(files, {"a.xml", "--", "-odd.xml"}));
