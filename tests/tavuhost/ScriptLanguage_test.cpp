@@ -87,33 +87,17 @@ protected:
             result.Type = &Type;
             return true;
         });
-        Engine.AddCommand("count", [this](int argc, char* argv[]) {
-            Counted.assign(argv, argv + argc);
-            return argc;
-        });
     }
     ~ScriptLanguage() { Engine.RemoveType(&Type); }
 
     WidgetType Type;
     Widget Child{"Label", 40, nullptr};
     Widget Root{"Window", 300, &Child};
-    std::vector<std::string> Counted;
 };
 
 } // namespace
 
-TEST_F(ScriptLanguage, WordsSplitAtBlanksWithQuotesAndSequencesGrouping) {
-    Run({"count  a   \"b c\"  d\"e f\"g", "declare S string \"two words\"", "count ${S} x",
-         "count [a b] \"say \\\"hi\\\"\""});
-    EXPECT_TRUE(TakeConsole().empty());
-    EXPECT_EQ((std::vector<std::string>{"count", "[a b]", "say \"hi\""}), Counted);
-    Run({"count ${S}"});
-    EXPECT_EQ((std::vector<std::string>{"count", "two words"}), Counted)
-        << "a data sequence never splits an argument in two";
-    Run({"COUNT", "   ", "; a comment is only a comment in scripts"});
-    EXPECT_EQ(std::vector<std::string>{"COUNT"}, Counted) << "command names ignore case";
-}
-
+// How words split is checked end to end by tavuhost's script_forms case.
 // Members walk and nest; what does not resolve reads NULL, and (exists) asks
 // without failing.
 TEST_F(ScriptLanguage, DataSequencesWalkMembersAndNest) {
