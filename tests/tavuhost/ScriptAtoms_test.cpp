@@ -94,18 +94,6 @@ TEST_F(ScriptAtoms, ThisIsTheObjectPassedAndReturnGivesTheResult) {
     EXPECT_TRUE(TakeConsole().empty());
 }
 
-TEST_F(ScriptAtoms, LocalsBelongToOneCallOfTheAtom) {
-    unsigned atom =
-        Compile(EventAtom("", "declare Count int ${Count}\nCount:Inc\nreturn ${Count}"));
-    std::string result;
-    Engine.ExecuteAtom(atom, 0, nullptr, nullptr, &result);
-    EXPECT_EQ("1", result) << "the declaration reads the global, which does not exist";
-    Run({"declare Count int 10"});
-    Engine.ExecuteAtom(atom, 0, nullptr, nullptr, &result);
-    EXPECT_EQ("11", result);
-    EXPECT_EQ("10", Text("${Count}")) << "the atom's Count was its own";
-}
-
 TEST_F(ScriptAtoms, TextThatDoesNotCompileGivesZeroAndNamesItsLine) {
     EXPECT_EQ(0u, Compile(EventAtom("int X", "if ${X}\necho missing brace")));
     EXPECT_EQ(std::vector<std::string>{"Syntax error in atom line 4: '{' expected"}, TakeConsole());
