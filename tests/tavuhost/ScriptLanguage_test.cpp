@@ -138,23 +138,17 @@ TEST_F(ScriptLanguage, DeepNestingReadsNullInsteadOfRecursingForever) {
     EXPECT_LT(text.size(), 4000u);
 }
 
+// What chains print, and the messages of those that cannot run, are checked
+// end to end by tavuhost's script_forms case; here what they answer.
 TEST_F(ScriptLanguage, MethodChainsRunInOrderOnTheLastValue) {
     EXPECT_EQ(1, Engine.ExecuteCommand("Widget.Child:Show[2]:Show[3]:Show"));
     EXPECT_EQ(6, Child.Shown);
-    EXPECT_EQ(0, Root.Shown);
     EXPECT_EQ(1, Engine.ExecuteCommand("Widget:Show[${Widget.Child.Width}]"));
     EXPECT_EQ(40, Root.Shown);
     EXPECT_EQ(0, Engine.ExecuteCommand("Widget:Fail:Show")) << "a failed method ends the chain";
     EXPECT_EQ(40, Root.Shown);
-    EXPECT_TRUE(TakeConsole().empty());
-
-    EXPECT_EQ(-1, Engine.ExecuteCommand("Widget:Explode"));
-    EXPECT_EQ(-1, Engine.ExecuteCommand("Nothing.Child:Show"));
-    EXPECT_EQ(-1, Engine.ExecuteCommand("Widget:Show extra"));
-    EXPECT_EQ((std::vector<std::string>{
-                  "Type 'widget' has no method 'Explode'", "Cannot resolve 'Nothing.Child'",
-                  "Unexpected text after 'Widget:Show': write method arguments in brackets"}),
-              TakeConsole());
+    for (const char* wrong : {"Widget:Explode", "Nothing.Child:Show", "Widget:Show extra"})
+        EXPECT_EQ(-1, Engine.ExecuteCommand(wrong)) << wrong;
 }
 
 // Loops, conditions, declarations, and variables that keep their own text,
