@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
+#include <sstream>
 
 std::string Quoted(const char* text) {
     return QuotedText(text);
@@ -214,15 +216,8 @@ int FakeHost::ExecuteAtom(unsigned atom, int reserved, int argc, char* argv[],
 }
 
 int FakeHost::RunCommandLine(const std::string& line) {
-    std::vector<std::string> words;
-    for (size_t at = 0; at < line.size();) {
-        size_t start = line.find_first_not_of(" \t\r", at);
-        if (start == std::string::npos) break;
-        size_t end = line.find_first_of(" \t\r", start);
-        if (end == std::string::npos) end = line.size();
-        words.push_back(line.substr(start, end - start));
-        at = end;
-    }
+    std::istringstream stream(line);
+    std::vector<std::string> words{std::istream_iterator<std::string>(stream), {}};
     if (words.empty()) return 0;
     auto command = RegisteredCommands.find(words[0]);
     if (command == RegisteredCommands.end()) return -1;
