@@ -2,10 +2,13 @@
 
 #include "EscapedText.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
+#include <sstream>
 
 std::string Quoted(const char* text) {
     return QuotedText(text);
@@ -26,30 +29,26 @@ std::string Pointer(const void* value) {
     return text;
 }
 
-namespace {
-std::string Bool(bool value) {
-    return value ? "true" : "false";
-}
-std::string RectText(const tagRECT* rect) {
+std::string FakeHost::RectText(const tagRECT* rect) {
     if (!rect) return "null";
     return Number(rect->left) + "," + Number(rect->top) + "," + Number(rect->right) + "," +
            Number(rect->bottom);
 }
-std::string RecordText(const TAVUDrawRecord& r) {
+
+std::string FakeHost::RecordText(const TAVUDrawRecord& r) {
     return "{" + Hex(r.Flags) + " " + Number(r.Left) + "," + Number(r.Top) + "," + Number(r.Right) +
            "," + Number(r.Bottom) + " " + Number(r.TextureLeft) + "," + Number(r.TextureTop) + "," +
            Number(r.TextureRight) + "," + Number(r.TextureBottom) + " " + Number(r.Texture) + " " +
            Number(r.Alpha) + " " + Number(r.Orientation) + " " + Hex(r.ColorMask) + "}";
 }
-// Writes text into a caller's buffer of size bytes, cut to fit.
-bool WriteBounded(const std::string& text, char* buffer, size_t size) {
+
+bool FakeHost::WriteBounded(const std::string& text, char* buffer, size_t size) {
     if (!buffer || size == 0) return false;
     size_t length = text.size() < size - 1 ? text.size() : size - 1;
     memcpy(buffer, text.data(), length);
     buffer[length] = 0;
     return true;
 }
-} // namespace
 
 FakeScript::FakeScript() {
     for (const char* c = "script"; *c; ++c)
@@ -120,17 +119,6 @@ void FakeHost::ClearRecords() {
     Restored.clear();
 }
 
-bool FakeHost::AddCommand(const char* name, RXCommandHandler handler, bool flag1, bool flag2) {
-    Record("AddCommand", {Quoted(name), Bool(flag1), Bool(flag2)});
-    RegisteredCommands[name] = handler;
-    return true;
-}
-
-bool FakeHost::RemoveCommand(const char* name) {
-    Record("RemoveCommand", {Quoted(name)});
-    return RegisteredCommands.erase(name) > 0;
-}
-
 int FakeHost::ExecuteCommand(const char* text) {
     Record("ExecuteCommand", {Quoted(text)});
     Commands.push_back(text ? text : "");
@@ -145,37 +133,12 @@ bool FakeHost::ParseDataSequences(const char* input, char* output, size_t size) 
     return WriteBounded(text, output, size);
 }
 
-bool FakeHost::AddTopLevelObject(const char* name, RXTopLevelObjectHandler handler) {
-    Record("AddTopLevelObject", {Quoted(name)});
-    RegisteredObjects[name] = handler;
-    return true;
-}
-
-bool FakeHost::RemoveTopLevelObject(const char* name) {
-    Record("RemoveTopLevelObject", {Quoted(name)});
-    return RegisteredObjects.erase(name) > 0;
-}
-
-bool FakeHost::AddType(RXTypeDefinition* type) {
-    Record("AddType", {Pointer(type)});
-    Types.push_back(type);
-    return true;
-}
-
 bool FakeHost::RemoveType(RXTypeDefinition* type) {
     Record("RemoveType", {Pointer(type)});
-    for (auto it = Types.begin(); it != Types.end(); ++it)
-        if (*it == type) {
-            Types.erase(it);
-            return true;
-        }
-    return false;
-}
-
-RXTypeDefinition* FakeHost::FindType(const char* name) {
-    Record("FindType", {Quoted(name)});
-    auto found = HostTypes.find(name ? name : "");
-    return found == HostTypes.end() ? nullptr : found->second;
+    auto found = std::find(Types.begin(), Types.end(), type);
+    if (found == Types.end()) return false;
+    Types.erase(found);
+    return true;
 }
 
 const char* FakeHost::CompleteCommand(const char* text, bool reverse) {
@@ -218,11 +181,6 @@ unsigned FakeHost::CompileAtom(const char* source, size_t length) {
     return atom;
 }
 
-void FakeHost::DeleteAtom(unsigned atom) {
-    Record("DeleteAtom", {Number(atom)});
-    LiveAtoms.erase(atom);
-}
-
 // Both forms of running an atom record the call and the run alike.
 FakeHost::AtomRun& FakeHost::RecordRun(const char* call, unsigned atom, int argc, char* argv[],
                                        _RXTypeVar* thisObject, bool showThis) {
@@ -258,15 +216,8 @@ int FakeHost::ExecuteAtom(unsigned atom, int reserved, int argc, char* argv[],
 }
 
 int FakeHost::RunCommandLine(const std::string& line) {
-    std::vector<std::string> words;
-    for (size_t at = 0; at < line.size();) {
-        size_t start = line.find_first_not_of(" \t\r", at);
-        if (start == std::string::npos) break;
-        size_t end = line.find_first_of(" \t\r", start);
-        if (end == std::string::npos) end = line.size();
-        words.push_back(line.substr(start, end - start));
-        at = end;
-    }
+    std::istringstream stream(line);
+    std::vector<std::string> words{std::istream_iterator<std::string>(stream), {}};
     if (words.empty()) return 0;
     auto command = RegisteredCommands.find(words[0]);
     if (command == RegisteredCommands.end()) return -1;
@@ -293,90 +244,11 @@ void FakeHost::RunAtomBody(const std::string& source) {
     --AtomDepth;
 }
 
-unsigned FakeHost::FindAtom(const char* name) {
-    Record("FindAtom", {Quoted(name)});
-    auto found = NamedAtoms.find(name ? name : "");
-    return found == NamedAtoms.end() ? 0 : found->second;
-}
-
-unsigned FakeHost::PreParseText(const char* text, bool dataSequence) {
-    Record("PreParseText", {Quoted(text), Bool(dataSequence)});
-    unsigned handle = NextHandle++;
-    LivePreParsed[handle] = text ? text : "";
-    return handle;
-}
-
-bool FakeHost::RetrieveOriginalText(unsigned handle, char* buffer, size_t size) {
-    Record("RetrieveOriginalText", {Number(handle), Number((long long)size)});
-    auto found = LivePreParsed.find(handle);
-    return found != LivePreParsed.end() && WriteBounded(found->second, buffer, size);
-}
-
 bool FakeHost::RetrieveProcessedText(unsigned handle, char* buffer, size_t size) {
     Record("RetrieveProcessedText", {Number(handle), Number((long long)size)});
     auto found = LivePreParsed.find(handle);
     if (found == LivePreParsed.end()) return false;
     return WriteBounded(DataSequences ? DataSequences(found->second) : found->second, buffer, size);
-}
-
-void FakeHost::FreePreParsed(unsigned handle) {
-    Record("FreePreParsed", {Number(handle)});
-    LivePreParsed.erase(handle);
-}
-
-void FakeHost::InvalidatePersistentObject(unsigned persistentClass, void* object) {
-    Record("InvalidatePersistentObject", {Number(persistentClass), Pointer(object)});
-    Invalidated.push_back(object);
-}
-
-bool FakeHost::FindTextureFile(const char* name, char* output) {
-    Record("FindTextureFile", {Quoted(name)});
-    auto found = TextureFiles.find(name ? name : "");
-    return found != TextureFiles.end() && WriteBounded(found->second, output, 1024);
-}
-
-bool FakeHost::FindInterfaceFile(const char* name, char* output) {
-    Record("FindInterfaceFile", {Quoted(name)});
-    auto found = InterfaceFiles.find(name ? name : "");
-    return found != InterfaceFiles.end() && WriteBounded(found->second, output, 512);
-}
-
-void FakeHost::StoreElementPosition(TAVUElement* element) {
-    Record("StoreElementPosition", {Pointer(element)});
-    Stored.push_back(element);
-}
-
-void FakeHost::RestoreElementPosition(TAVUElement* element) {
-    Record("RestoreElementPosition", {Pointer(element)});
-    Restored.push_back(element);
-}
-
-bool FakeHost::GetKeyName(unsigned key, char* output, size_t size) {
-    Record("GetKeyName", {Number(key), Number((long long)size)});
-    auto found = KeyNames.find(key);
-    return found != KeyNames.end() && WriteBounded(found->second, output, size);
-}
-
-void FakeHost::GetCurrentConsole(char* output, size_t size) {
-    Record("GetCurrentConsole", {Number((long long)size)});
-    WriteBounded(CurrentConsole, output, size);
-}
-
-void FakeHost::SelectConsole(const char* name) {
-    Record("SelectConsole", {Quoted(name)});
-    CurrentConsole = name ? name : "";
-}
-
-bool FakeHost::FillRect(tagRECT* rect, unsigned color) {
-    Record("FillRect", {RectText(rect), Hex(color)});
-    Fills.push_back({*rect, color});
-    return true;
-}
-
-bool FakeHost::TexturedRect(TAVUDrawRecord* record) {
-    Record("TexturedRect", {RecordText(*record)});
-    DrawRecords.push_back(*record);
-    return true;
 }
 
 bool FakeHost::TexturedRects(unsigned count, TAVUDrawRecord* records) {
@@ -389,13 +261,6 @@ bool FakeHost::TexturedRects(unsigned count, TAVUDrawRecord* records) {
     return true;
 }
 
-bool FakeHost::DrawLine(TAVUDrawRecord* record, unsigned width) {
-    Record("DrawLine", {RecordText(*record), Number(width)});
-    DrawRecords.push_back(*record);
-    LineWidths.push_back(width);
-    return true;
-}
-
 unsigned FakeHost::AcquireFont(const char* name, int height, bool fixed, bool bold) {
     Record("AcquireFont", {Quoted(name), Number(height), Bool(fixed), Bool(bold)});
     if (FailFonts) return 0;
@@ -404,21 +269,11 @@ unsigned FakeHost::AcquireFont(const char* name, int height, bool fixed, bool bo
     return font;
 }
 
-void FakeHost::ReleaseFont(unsigned font) {
-    Record("ReleaseFont", {Number(font)});
-    LiveFonts.erase(font);
-}
-
 size_t FakeHost::DrawText(unsigned font, const char* text, tagRECT* rect, unsigned color,
                           unsigned format) {
     Record("DrawText", {Number(font), Quoted(text), RectText(rect), Hex(color), Hex(format)});
     Texts.push_back({font, text ? text : "", *rect, color, format});
     return text ? strlen(text) * size_t(CharWidth) : 0;
-}
-
-void FakeHost::MeasureText(unsigned font, const char* text, size_t* width) {
-    Record("MeasureText", {Number(font), Quoted(text)});
-    *width = text ? strlen(text) * size_t(CharWidth) : 0;
 }
 
 bool FakeHost::GetCharWidths(unsigned font, unsigned first, unsigned last, float* abc) {
@@ -456,21 +311,10 @@ bool FakeHost::GetTextureSize(unsigned texture, _Point2i& size) {
     return true;
 }
 
-void FakeHost::ReleaseTexture(unsigned texture) {
-    Record("ReleaseTexture", {Number(texture)});
-    LiveTextures.erase(texture);
-}
-
 char* FakeHost::GetTempBuffer(unsigned size, const char* contents) {
     Record("GetTempBuffer", {Number(size), Quoted(contents)});
     std::string buffer(size + 1, '\0');
     if (contents) strncpy(buffer.data(), contents, size);
     TempBuffers.push_back(std::move(buffer));
     return TempBuffers.back().data();
-}
-
-bool FakeHost::EvaluateQuery(unsigned query, _RXTypeVar* object, bool* result) {
-    Record("EvaluateQuery", {Number(query)});
-    *result = false;
-    return true;
 }

@@ -14,6 +14,7 @@
 #include "RXTypeVar.h"
 #include "TAVUDrawRecord.h"
 
+#include <cstring>
 #include <deque>
 #include <functional>
 #include <map>
@@ -132,15 +133,30 @@ public:
     RXScript* GetCurrentScript() override {
         return Answer("GetCurrentScript", {}, InScript ? &Script : nullptr);
     }
-    bool AddCommand(const char* name, RXCommandHandler handler, bool flag1, bool flag2) override;
-    bool RemoveCommand(const char* name) override;
+    bool AddCommand(const char* name, RXCommandHandler handler, bool flag1, bool flag2) override {
+        RegisteredCommands[name] = handler;
+        return Answer("AddCommand", {Quoted(name), Bool(flag1), Bool(flag2)}, true);
+    }
+    bool RemoveCommand(const char* name) override {
+        return Answer("RemoveCommand", {Quoted(name)}, RegisteredCommands.erase(name) > 0);
+    }
     int ExecuteCommand(const char* text) override;
     bool ParseDataSequences(const char* input, char* output, size_t size) override;
-    bool AddTopLevelObject(const char* name, RXTopLevelObjectHandler handler) override;
-    bool RemoveTopLevelObject(const char* name) override;
-    bool AddType(RXTypeDefinition* type) override;
+    bool AddTopLevelObject(const char* name, RXTopLevelObjectHandler handler) override {
+        RegisteredObjects[name] = handler;
+        return Answer("AddTopLevelObject", {Quoted(name)}, true);
+    }
+    bool RemoveTopLevelObject(const char* name) override {
+        return Answer("RemoveTopLevelObject", {Quoted(name)}, RegisteredObjects.erase(name) > 0);
+    }
+    bool AddType(RXTypeDefinition* type) override {
+        Types.push_back(type);
+        return Answer("AddType", {Pointer(type)}, true);
+    }
     bool RemoveType(RXTypeDefinition* type) override;
-    RXTypeDefinition* FindType(const char* name) override;
+    RXTypeDefinition* FindType(const char* name) override {
+        return Answer("FindType", {Quoted(name)}, Found(HostTypes, name, nullptr));
+    }
     const char* CompleteCommand(const char* text, bool reverse) override;
     bool Calculate(const char* expression, double* result) override;
     void ConsolePrintf(const char* format, ...) override;
@@ -148,50 +164,107 @@ public:
         return Answer<HostScriptInterface*>("GetScriptInterface", {}, this);
     }
     unsigned CompileAtom(const char* source, size_t length) override;
-    void DeleteAtom(unsigned atom) override;
+    void DeleteAtom(unsigned atom) override {
+        Record("DeleteAtom", {Number(atom)});
+        LiveAtoms.erase(atom);
+    }
     bool ExecuteAtomForResult(unsigned atom, int argc, char* argv[], _RXTypeVar* thisObject,
                               int reserved, char* result, size_t size) override;
     int ExecuteAtom(unsigned atom, int reserved, int argc, char* argv[],
                     _RXTypeVar* thisObject) override;
-    unsigned FindAtom(const char* name) override;
-    unsigned PreParseText(const char* text, bool dataSequence) override;
-    bool RetrieveOriginalText(unsigned handle, char* buffer, size_t size) override;
+    unsigned FindAtom(const char* name) override {
+        return Answer("FindAtom", {Quoted(name)}, Found(NamedAtoms, name, 0u));
+    }
+    unsigned PreParseText(const char* text, bool dataSequence) override {
+        LivePreParsed[NextHandle] = text ? text : "";
+        return Answer("PreParseText", {Quoted(text), Bool(dataSequence)}, NextHandle++);
+    }
+    bool RetrieveOriginalText(unsigned handle, char* buffer, size_t size) override {
+        return Answer("RetrieveOriginalText", {Number(handle), Number((long long)size)},
+                      WriteFound(LivePreParsed, handle, buffer, size));
+    }
     bool RetrieveProcessedText(unsigned handle, char* buffer, size_t size) override;
     bool RetrieveProcessedResult(unsigned handle, _RXTypeVar& result) override {
         return Answer("RetrieveProcessedResult", {Number(handle)}, false);
     }
-    void FreePreParsed(unsigned handle) override;
+    void FreePreParsed(unsigned handle) override {
+        Record("FreePreParsed", {Number(handle)});
+        LivePreParsed.erase(handle);
+    }
     unsigned RegisterPersistentClass(const char* name) override {
         return Answer("RegisterPersistentClass", {Quoted(name)}, 7u);
     }
-    void InvalidatePersistentObject(unsigned persistentClass, void* object) override;
+    void InvalidatePersistentObject(unsigned persistentClass, void* object) override {
+        Record("InvalidatePersistentObject", {Number(persistentClass), Pointer(object)});
+        Invalidated.push_back(object);
+    }
     void SetPersistentClass(RXTypeDefinition* type, unsigned persistentClass) override {
         Record("SetPersistentClass", {Pointer(type), Number(persistentClass)});
     }
-    bool FindTextureFile(const char* name, char* output) override;
-    bool FindInterfaceFile(const char* name, char* output) override;
+    bool FindTextureFile(const char* name, char* output) override {
+        return Answer("FindTextureFile", {Quoted(name)},
+                      WriteFound(TextureFiles, name, output, 1024));
+    }
+    bool FindInterfaceFile(const char* name, char* output) override {
+        return Answer("FindInterfaceFile", {Quoted(name)},
+                      WriteFound(InterfaceFiles, name, output, 512));
+    }
     bool OpenClipboard() override { return Answer("OpenClipboard", {}, ClipboardAvailable); }
-    void StoreElementPosition(TAVUElement* element) override;
-    void RestoreElementPosition(TAVUElement* element) override;
-    bool GetKeyName(unsigned key, char* output, size_t size) override;
-    void GetCurrentConsole(char* output, size_t size) override;
-    void SelectConsole(const char* name) override;
+    void StoreElementPosition(TAVUElement* element) override {
+        Record("StoreElementPosition", {Pointer(element)});
+        Stored.push_back(element);
+    }
+    void RestoreElementPosition(TAVUElement* element) override {
+        Record("RestoreElementPosition", {Pointer(element)});
+        Restored.push_back(element);
+    }
+    bool GetKeyName(unsigned key, char* output, size_t size) override {
+        return Answer("GetKeyName", {Number(key), Number((long long)size)},
+                      WriteFound(KeyNames, key, output, size));
+    }
+    void GetCurrentConsole(char* output, size_t size) override {
+        Record("GetCurrentConsole", {Number((long long)size)});
+        WriteBounded(CurrentConsole, output, size);
+    }
+    void SelectConsole(const char* name) override {
+        Record("SelectConsole", {Quoted(name)});
+        CurrentConsole = name ? name : "";
+    }
 
     // HostRenderer
-    bool FillRect(tagRECT* rect, unsigned color) override;
-    bool TexturedRect(TAVUDrawRecord* record) override;
+    bool FillRect(tagRECT* rect, unsigned color) override {
+        Fills.push_back({*rect, color});
+        return Answer("FillRect", {RectText(rect), Hex(color)}, true);
+    }
+    bool TexturedRect(TAVUDrawRecord* record) override {
+        DrawRecords.push_back(*record);
+        return Answer("TexturedRect", {RecordText(*record)}, true);
+    }
     bool TexturedRects(unsigned count, TAVUDrawRecord* records) override;
-    bool DrawLine(TAVUDrawRecord* record, unsigned width) override;
+    bool DrawLine(TAVUDrawRecord* record, unsigned width) override {
+        DrawRecords.push_back(*record);
+        LineWidths.push_back(width);
+        return Answer("DrawLine", {RecordText(*record), Number(width)}, true);
+    }
     unsigned AcquireFont(const char* name, int height, bool fixed, bool bold) override;
-    void ReleaseFont(unsigned font) override;
+    void ReleaseFont(unsigned font) override {
+        Record("ReleaseFont", {Number(font)});
+        LiveFonts.erase(font);
+    }
     size_t DrawText(unsigned font, const char* text, tagRECT* rect, unsigned color,
                     unsigned format) override;
-    void MeasureText(unsigned font, const char* text, size_t* width) override;
+    void MeasureText(unsigned font, const char* text, size_t* width) override {
+        Record("MeasureText", {Number(font), Quoted(text)});
+        *width = text ? strlen(text) * size_t(CharWidth) : 0;
+    }
     bool GetCharWidths(unsigned font, unsigned first, unsigned last, float* abc) override;
     bool GetDisplaySize(uint64_t* width, uint64_t* height) override;
     unsigned AcquireTexture(const char* file, unsigned colorKey) override;
     bool GetTextureSize(unsigned texture, _Point2i& size) override;
-    void ReleaseTexture(unsigned texture) override;
+    void ReleaseTexture(unsigned texture) override {
+        Record("ReleaseTexture", {Number(texture)});
+        LiveTextures.erase(texture);
+    }
 
     // HostScriptInterface
     bool DataParse(const char* text, _RXTypeVar& result) override {
@@ -203,7 +276,10 @@ public:
     unsigned CompileQuery(const char* query) override {
         return Answer("CompileQuery", {Quoted(query)}, NextHandle++);
     }
-    bool EvaluateQuery(unsigned query, _RXTypeVar* object, bool* result) override;
+    bool EvaluateQuery(unsigned query, _RXTypeVar* object, bool* result) override {
+        *result = false;
+        return Answer("EvaluateQuery", {Number(query)}, true);
+    }
     void FreeQuery(unsigned query) override { Record("FreeQuery", {Number(query)}); }
 
 private:
@@ -213,6 +289,26 @@ private:
         Record(name, std::move(args));
         return answer;
     }
+    static std::string Bool(bool value) { return value ? "true" : "false"; }
+    static std::string RectText(const tagRECT* rect);
+    static std::string RecordText(const TAVUDrawRecord& record);
+    // Writes text into a caller's buffer of size bytes, cut to fit.
+    static bool WriteBounded(const std::string& text, char* buffer, size_t size);
+    // What a map holds for a key (a null name reads as ""), or the fallback.
+    template <class Map, class Key>
+    static typename Map::mapped_type Found(const Map& map, const Key& key,
+                                           typename Map::mapped_type fallback) {
+        auto found = map.find(KeyOf(key));
+        return found == map.end() ? fallback : found->second;
+    }
+    // Writes what a map holds for a key into the caller's buffer; false when it holds nothing.
+    template <class Map, class Key>
+    static bool WriteFound(const Map& map, const Key& key, char* output, size_t size) {
+        auto found = map.find(KeyOf(key));
+        return found != map.end() && WriteBounded(found->second, output, size);
+    }
+    static std::string KeyOf(const char* name) { return name ? name : ""; }
+    static unsigned KeyOf(unsigned key) { return key; }
     AtomRun& RecordRun(const char* call, unsigned atom, int argc, char* argv[],
                        _RXTypeVar* thisObject, bool showThis);
     unsigned NextHandle = 100;

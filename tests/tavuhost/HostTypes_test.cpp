@@ -3,11 +3,7 @@
 #include "HostText.h"
 #include "HostValueType.h"
 
-namespace {
-
-class HostTypes : public EngineFixture {};
-
-} // namespace
+using HostTypes = EngineFixture;
 
 // What scripts read of each type is checked end to end by tavuhost's
 // host_types case; these are what only the module sees.

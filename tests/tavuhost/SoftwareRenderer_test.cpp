@@ -8,8 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -59,6 +61,14 @@ protected:
         }
         return text;
     }
+    // The first and last columns with any ink in them.
+    std::pair<int, int> InkColumns() const {
+        std::pair<int, int> ink{1000, -1};
+        for (int y = 0; y < Renderer.Frame().Height(); ++y)
+            for (int x = 0; x < Renderer.Frame().Width(); ++x)
+                if (At(x, y) != Black) ink = {std::min(ink.first, x), std::max(ink.second, x)};
+        return ink;
+    }
 
     SoftwareRenderer Renderer;
 };
@@ -67,9 +77,7 @@ protected:
 
 TEST_F(SoftwareRendererTest, FillsBlendByTheirAlphaAndStayInsideTheFrame) {
     Renderer.FillRect(tagRECT{-5, -5, 2, 2}, Red);
-    EXPECT_EQ(Red, At(0, 0));
-    EXPECT_EQ(Red, At(1, 1));
-    EXPECT_EQ(Black, At(2, 2));
+    EXPECT_EQ(Pixels({{0, 0}, {1, 1}, {2, 2}}), "FFFF0000 FFFF0000 FF000000");
     Renderer.FillRect(tagRECT{0, 0, 8, 8}, 0x80FFFFFF);
     EXPECT_TRUE(Near(0xFFFF8080, At(0, 0))) << "half white over red";
     EXPECT_TRUE(Near(0xFF808080, At(5, 5))) << "half white over black";
@@ -252,11 +260,7 @@ TEST_F(SoftwareRendererTest, TextIsDrawnWhereAndAsWideAsItIsMeasured) {
     size_t drawn = 0;
     ASSERT_TRUE(Renderer.DrawText(1, "Tavukit", tagRECT{10, 2, 110, 24}, White, 0x20, drawn));
     EXPECT_EQ(width, drawn);
-    int leftmost = 1000, rightmost = -1;
-    for (int y = 0; y < 24; ++y)
-        for (int x = 0; x < 120; ++x)
-            if (At(x, y) != Black)
-                leftmost = std::min(leftmost, x), rightmost = std::max(rightmost, x);
+    auto [leftmost, rightmost] = InkColumns();
     EXPECT_GE(leftmost, 9);
     EXPECT_LE(leftmost, 12);
     EXPECT_LE(rightmost, 10 + int(width));
@@ -277,33 +281,16 @@ TEST_F(SoftwareRendererTest, TextAlignsAndClipsByItsFormat) {
     ASSERT_TRUE(Renderer.OpenFont(1, "NoSuchFaceAnywhere", 14, false, true));
     size_t width = 0;
     ASSERT_TRUE(Renderer.MeasureText(1, "MMMMMMMM", width));
-    auto inkColumns = [this](int& first, int& last) {
-        first = 1000, last = -1;
-        for (int y = 0; y < 20; ++y)
-            for (int x = 0; x < 100; ++x)
-                if (At(x, y) != Black) first = std::min(first, x), last = std::max(last, x);
+    auto ink = [&](const char* text, LONG right, unsigned format) {
+        Renderer.BeginFrame();
+        Renderer.DrawText(1, text, tagRECT{0, 0, right, 20}, White, TAVU_DT_SINGLELINE | format,
+                          width);
+        return InkColumns();
     };
-    int first = 0, last = 0;
-    Renderer.DrawText(1, "MMMMMMMM", tagRECT{0, 0, 20, 20}, White, TAVU_DT_SINGLELINE, width);
-    inkColumns(first, last);
-    EXPECT_LT(last, 20) << "clipped to the rectangle";
-
-    Renderer.BeginFrame();
-    Renderer.DrawText(1, "MMMMMMMM", tagRECT{0, 0, 20, 20}, White,
-                      TAVU_DT_SINGLELINE | TAVU_DT_NOCLIP, width);
-    inkColumns(first, last);
-    EXPECT_GT(last, 40) << "no clipping";
-
-    Renderer.BeginFrame();
-    Renderer.DrawText(1, "MM", tagRECT{0, 0, 100, 20}, White, TAVU_DT_SINGLELINE | TAVU_DT_RIGHT,
-                      width);
-    inkColumns(first, last);
-    EXPECT_GE(last, 95);
-
-    Renderer.BeginFrame();
-    Renderer.DrawText(1, "MM", tagRECT{0, 0, 100, 20}, White, TAVU_DT_SINGLELINE | TAVU_DT_CENTER,
-                      width);
-    inkColumns(first, last);
+    EXPECT_LT(ink("MMMMMMMM", 20, 0).second, 20) << "clipped to the rectangle";
+    EXPECT_GT(ink("MMMMMMMM", 20, TAVU_DT_NOCLIP).second, 40) << "no clipping";
+    EXPECT_GE(ink("MM", 100, TAVU_DT_RIGHT).second, 95);
+    auto [first, last] = ink("MM", 100, TAVU_DT_CENTER);
     EXPECT_NEAR(50, (first + last) / 2, 2);
 }
 
