@@ -3,7 +3,7 @@
 #include "TAVUScreen.h"
 #include "TAVUSkin.h"
 #include "ToolkitTest.h"
-#include "../element/Words.h"
+#include "Words.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "Module.h"
 #include "TAVUScreen.h"
 #include "ToolkitTest.h"
-#include "../element/Words.h"
+#include "Words.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 #include "TAVUFont.h"
 #include "TAVUScreen.h"
 #include "ToolkitTest.h"
-#include "../element/Words.h"
+#include "Words.h"
 #include "XMLNode.h"
 #include "XMLParser.h"
 

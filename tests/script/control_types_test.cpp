@@ -5,7 +5,7 @@
 #include "TAVUScreen.h"
 #include "TAVUScriptTypes.h"
 #include "TAVUTexture.h"
-#include "../element/Words.h"
+#include "Words.h"
 
 class ControlTypes : public ScriptTypeTest {
 protected:
