@@ -103,7 +103,8 @@ TEST_F(TextTest, AlignmentKeysChooseTheDrawingCallAndTheRow) {
         TAVUText* text = Text(keys, 120, 15);
         RenderFrame();
         ASSERT_EQ(Drawn(), (Drawing{{"ab\ncd", top}}));
-        EXPECT_EQ(std::pair(Host.Texts[0].Rect.left, Host.Texts[0].Rect.right), std::pair(10, 130));
+        EXPECT_EQ(Host.Texts[0].Rect.left, 10);
+        EXPECT_EQ(Host.Texts[0].Rect.right, 130);
         EXPECT_EQ(Host.Texts[0].Format & (TAVU_DT_CENTER | TAVU_DT_RIGHT), format);
         Parent->DeleteChild(text);
     }
