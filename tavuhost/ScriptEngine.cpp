@@ -179,7 +179,8 @@ int ScriptEngine::ExecuteLine(const char* line) {
         argv.push_back(argument.data());
     argv.push_back(nullptr);
     int argc = int(arguments.size());
-    if (SameName(arguments[0], "declare")) return Declare(argc, argv.data());
+    if (SameName(arguments[0], "declare")) return Declare(argc, argv.data(), DeclarationScope());
+    if (SameName(arguments[0], "global")) return Declare(argc, argv.data(), Globals);
     auto found = Commands.find(arguments[0]);
     if (found == Commands.end()) {
         Print("Unknown command '" + arguments[0] + "'");
@@ -190,19 +191,21 @@ int ScriptEngine::ExecuteLine(const char* line) {
     return command(argc, argv.data());
 }
 
-int ScriptEngine::Declare(int argc, char* argv[]) {
+// "declare" and "global" differ only in the scope the variable lands in.
+int ScriptEngine::Declare(int argc, char* argv[], VariableScope& scope) {
+    std::string command = &scope == &Globals && SameName(argv[0], "global") ? "global" : "declare";
     if (argc < 3) {
-        Print("Syntax: declare NAME TYPE [value]");
+        Print("Syntax: " + command + " NAME TYPE [value]");
         return -1;
     }
     RXTypeDefinition* type = FindType(argv[2]);
     if (!type) {
-        Print(std::string("declare: unknown type '") + argv[2] + "'");
+        Print(command + ": unknown type '" + argv[2] + "'");
         return -1;
     }
     std::string initial = JoinWords(3, argc, argv);
-    if (!DeclarationScope().Declare(argv[1], type, argc > 3 ? initial.c_str() : nullptr)) {
-        Print("declare: '" + initial + "' is not a value of type " + type->GetName());
+    if (!scope.Declare(argv[1], type, argc > 3 ? initial.c_str() : nullptr)) {
+        Print(command + ": '" + initial + "' is not a value of type " + type->GetName());
         return -1;
     }
     return 0;

@@ -121,7 +121,7 @@ private:
     void Run(ScriptContext& context);
     void Step(ScriptContext& context);
     bool Condition(ScriptContext& context, const ScriptInstruction& instruction);
-    int Declare(int argc, char* argv[]);
+    int Declare(int argc, char* argv[], VariableScope& scope);
     VariableScope& DeclarationScope();
     ScriptVariable* FindVariable(const std::string& name);
     std::string ContextName(const ScriptContext& context) const;
