@@ -31,6 +31,17 @@ unsigned TAVUControlHelpers::ReadInt(XMLNode* node, XMLNode* templateNode, const
                                   XMLHelper::GetIntValue(templateNode, key, defaultValue));
 }
 
+float TAVUControlHelpers::ReadFloat(XMLNode* node, XMLNode* templateNode, const char* key,
+                                    float defaultValue) {
+    return XMLHelper::GetFloatValue(node, key,
+                                    XMLHelper::GetFloatValue(templateNode, key, defaultValue));
+}
+
+bool TAVUControlHelpers::ReadToggle(XMLNode* node, XMLNode* templateNode, const char* key,
+                                    bool defaultValue) {
+    return XMLHelper::GetToggle(node, key, XMLHelper::GetToggle(templateNode, key, defaultValue));
+}
+
 const char* TAVUControlHelpers::ReadString(XMLNode* node, XMLNode* templateNode, const char* key) {
     return XMLHelper::GetStringValue(node, key, XMLHelper::GetStringValue(templateNode, key, ""));
 }
