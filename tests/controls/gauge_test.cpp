@@ -2,6 +2,7 @@
 #include "TAVUGauge.h"
 #include "TAVUGaugeFiller.h"
 #include "TAVUTexture.h"
+#include "TAVUVariableGauge.h"
 
 #include <cmath>
 #include <limits>
@@ -140,3 +141,69 @@ TEST_F(GaugeTest, AChildThatDeletesTheGaugeWhileItDrawsLeavesTheTopTextureUndraw
     EXPECT_EQ(Host.DrawRecords.size(), 1u); // the filler's, drawn before the child
 }
 
+class VariableGaugeTest : public GaugeTest {
+protected:
+    // The variable gauge behind what its factory gave: the gauge or its filler.
+    static TAVUVariableGauge* Behind(TAVUElement* loaded) {
+        return static_cast<TAVUVariableGauge*>(loaded->IsTypeOf("gaugefiller") ? loaded->Parent
+                                                                               : loaded);
+    }
+};
+
+TEST_F(VariableGaugeTest, TheFactoryGivesTheFillerWhichTakesTheChildren) {
+    TAVUElement* filler = Load("variablegauge", "Mana",
+                               "<variablegauge><Range>10</Range><Filler/><Children>"
+                               "<gauge Name=\"Pips\"><Range>1</Range></gauge>"
+                               "</Children></variablegauge>");
+    ASSERT_NE(filler, nullptr);
+    EXPECT_TRUE(filler->IsTypeOf("gaugefiller"));
+    TAVUVariableGauge* gauge = Behind(filler);
+    EXPECT_TRUE(gauge->IsTypeOf("variablegauge") && gauge->IsTypeOf("gauge"));
+    ASSERT_EQ(gauge->Filler, filler);
+    auto* pips = static_cast<TAVUGauge*>(filler->FindChild("Pips"));
+    ASSERT_NE(pips, nullptr);
+    gauge->SetValue(2.5f);
+    EXPECT_FLOAT_EQ(pips->Value, 0.5f);
+
+    TAVUElement* bare = Load("variablegauge", "Bare", "<variablegauge/>");
+    EXPECT_TRUE(bare && bare->IsTypeOf("variablegauge")); // no filler: the gauge itself
+}
+
+TEST_F(VariableGaugeTest, EachFrameTheValueFollowsTheSequenceLessTheOffset) {
+    std::string mana = "7.5";
+    Host.DataSequences = [&](const std::string& text) {
+        return text == "${Mana}" ? mana : std::string("NULL");
+    };
+    TAVUVariableGauge* gauge = Behind(Load("variablegauge", "Mana",
+                                           "<variablegauge><Range>10</Range><Data>${Mana}</Data>"
+                                           "<Offset>2.5</Offset><Filler/></variablegauge>"));
+    ASSERT_NE(gauge, nullptr);
+    const struct {
+        const char* text;
+        float shown; // NAN: a value that is no number
+    } cases[] = {{"7.5", 5}, {"-4", 0}, {"1e39", 10}, {"banana", 0}, {"12.5", 10}, {"nan", NAN}};
+    for (const auto& c : cases) {
+        mana = c.text;
+        RenderFrame();
+        if (std::isnan(c.shown)) {
+            EXPECT_TRUE(std::isnan(gauge->Value)) << c.text;
+        } else {
+            EXPECT_FLOAT_EQ(gauge->Value, c.shown) << c.text;
+            EXPECT_FLOAT_EQ(gauge->Filler->Value, c.shown) << c.text;
+        }
+    }
+}
+
+TEST_F(VariableGaugeTest, ASequenceWhoseScriptDeletesTheGaugeStopsItsFrame) {
+    TAVUVariableGauge* gauge = Behind(Load(
+        "variablegauge", "Doomed",
+        "<variablegauge><Data>${Doom}</Data><TopTexture Filename=\"#glass\"/></variablegauge>"));
+    ASSERT_NE(gauge, nullptr);
+    Host.DataSequences = [&](const std::string&) {
+        Parent->DeleteChild(gauge);
+        return std::string("1");
+    };
+    RenderFrame(); // under ASan: the gauge is not touched after
+    EXPECT_EQ(Parent->FirstChild, nullptr);
+    EXPECT_TRUE(Host.DrawRecords.empty());
+}
