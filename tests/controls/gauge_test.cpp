@@ -66,6 +66,13 @@ TEST_F(GaugeTest, TheFillerDrawsItsShareCroppedOnTheHorizontalSourceEdge) {
         EXPECT_EQ(gauge->Filler->Texture->Right, 0); // the crop lasts one frame only
         Parent->DeleteChild(gauge);
     }
+    // More segments than pixels, hostile: every piece is empty, and the frame
+    // still ends after a bounded number of them.
+    TAVUGauge* hostile = Gauge("<Range>1</Range>", "<Repeat>4000000000</Repeat>");
+    ASSERT_NE(hostile, nullptr);
+    hostile->SetValue(1);
+    RenderFrame();
+    EXPECT_EQ(Host.DrawRecords.size(), TAVUGaugeFiller::MaxDrawnSegments + 1u);
 }
 
 TEST_F(GaugeTest, ValuesClampIntoTheRangeAndWrapInsideAFiller) {
@@ -96,6 +103,9 @@ TEST_F(GaugeTest, ValuesClampIntoTheRangeAndWrapInsideAFiller) {
             EXPECT_FLOAT_EQ(c.gauge->Value, c.shown);
     }
     RenderFrame(); // a filler of a value that is no number draws without undefined behaviour
+    outer->DeleteChild(outer->Filler); // a script may kill the filler: the gauge forgets it
+    EXPECT_EQ(outer->Filler, nullptr);
+    outer->SetRange(2); // under ASan
 }
 
 TEST_F(GaugeTest, KeysComeFromTheGaugeTemplateAndTheFillerSitsInsideTheBorder) {
