@@ -188,19 +188,17 @@ TEST_F(VariableGaugeTest, EachFrameTheValueFollowsTheSequenceLessTheOffset) {
                                            "<variablegauge><Range>10</Range><Data>${Mana}</Data>"
                                            "<Offset>2.5</Offset><Filler/></variablegauge>"));
     ASSERT_NE(gauge, nullptr);
+    // (How "nan" reads is the C library's: values that are no number are
+    // covered through SetValue.)
     const struct {
         const char* text;
-        float shown; // NAN: a value that is no number
-    } cases[] = {{"7.5", 5}, {"-4", 0}, {"1e39", 10}, {"banana", 0}, {"12.5", 10}, {"nan", NAN}};
+        float shown;
+    } cases[] = {{"7.5", 5}, {"-4", 0}, {"1e39", 10}, {"banana", 0}, {"12.5", 10}};
     for (const auto& c : cases) {
         mana = c.text;
         RenderFrame();
-        if (std::isnan(c.shown)) {
-            EXPECT_TRUE(std::isnan(gauge->Value)) << c.text;
-        } else {
-            EXPECT_FLOAT_EQ(gauge->Value, c.shown) << c.text;
-            EXPECT_FLOAT_EQ(gauge->Filler->Value, c.shown) << c.text;
-        }
+        EXPECT_FLOAT_EQ(gauge->Value, c.shown) << c.text;
+        EXPECT_FLOAT_EQ(gauge->Filler->Value, c.shown) << c.text;
     }
 }
 

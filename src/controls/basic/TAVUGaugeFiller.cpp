@@ -125,9 +125,16 @@ void TAVUGaugeFiller::Render() {
     TAVUElement::Render();
 }
 
-// A Range of 0 shows full; a share below a thousandth shows nothing. A value
-// that is not a number passes both tests and is drawn through TruncateToInt,
-// whose fixed answer keeps the sums defined.
+// A Range of 0 shows full; a share below a thousandth shows nothing.
+//
+// The share may be any float at all: not a number after fmodf by a Range of
+// 0 or text such as "nan", infinite after huge text. Converting such a float
+// to int is undefined in C++, so every product goes through TruncateToInt,
+// which checks the range before it truncates and otherwise gives one fixed
+// integer; the sums after it wrap.
+//
+// The texture is measured (and so first prepared) for the crop, which acts on
+// its own source rectangle for this frame only: SourceRect puts it back.
 void TAVUGaugeFiller::DrawFill() {
     SourceRect saved(*Texture);
     if (!Texture->Prepare() || !Texture->GetSize()) return;
@@ -137,7 +144,7 @@ void TAVUGaugeFiller::DrawFill() {
     if (Repeat > 1) {
         DrawSegments(rect, fill);
     } else {
-        CropRight(*Texture, fill);
+        CropRight(*Texture, fill); // the width, also for a vertical bar: deliberate
         if (Vertical)
             rect.top = Grow(rect.bottom, TruncateToInt(float(Height) * fill), true);
         else
