@@ -1,22 +1,20 @@
 #include "ScriptTypeTest.h"
 #include "TAVUGauge.h"
-#include "TAVUGaugeFiller.h"
 #include "TAVUScreen.h"
 #include "TAVUScriptTypes.h"
 
-#include <cmath>
 #include <string>
 #include <utility>
 #include <vector>
 
 class GaugeTypes : public ScriptTypeTest {};
 
+// What the members and methods do to a gauge and its filler is compared end
+// to end in tavuhost's gauge case; this walks the tables.
 TEST_F(GaugeTypes, EveryNameOfTheTablesAnswersAndBorderAlwaysFails) {
     auto* gauge = static_cast<TAVUGauge*>(g_UIManager.LoadElement(
         g_UIManager.Screen, "gauge", "Health",
-        Parse("<gauge><Range>4</Range><Vertical>1</Vertical><Border>3</Border>"
-              "<Filler/></gauge>"),
-        nullptr));
+        Parse("<gauge><Range>4</Range><Vertical>1</Vertical><Border>3</Border></gauge>"), nullptr));
     ASSERT_NE(gauge, nullptr);
     gauge->SetValue(2.5f);
     const std::vector<std::pair<const char*, std::string>> members = {
@@ -30,21 +28,14 @@ TEST_F(GaugeTypes, EveryNameOfTheTablesAnswersAndBorderAlwaysFails) {
         EXPECT_EQ(Get(pTAVUGaugeType, nullptr, name), "0") << name;
     }
     EXPECT_EQ(Get(pTAVUGaugeType, gauge, "BackgroundColor"), "1 0"); // climbs to tavuframe
-    EXPECT_EQ(gauge->GetRXType(), pTAVUGaugeType);
 
-    // Each method: refused without its argument or object, then hostile text.
+    // Each method is refused without its argument or object, and takes any text.
     ASSERT_EQ(pTAVUGaugeType->Methods.Count(), 2);
     for (const char* method : {"SetRange", "SetValue"}) {
         EXPECT_EQ(Method(pTAVUGaugeType, gauge, method), 0) << method;
         EXPECT_EQ(Method(pTAVUGaugeType, nullptr, method, {"1"}), 0) << method;
-        for (const char* hostile : {"banana", "-1e39", "1e999", "nan", "-0"})
-            EXPECT_EQ(Method(pTAVUGaugeType, gauge, method, {hostile}), 1) << hostile;
+        for (const char* text : {"banana", "-1e39", "1e999", "nan", "-0", "3"})
+            EXPECT_EQ(Method(pTAVUGaugeType, gauge, method, {text}), 1) << text;
     }
-    EXPECT_EQ(Method(pTAVUGaugeType, gauge, "SetRange", {"2"}), 1);
-    EXPECT_EQ(Method(pTAVUGaugeType, gauge, "SetValue", {"1.5"}), 1);
-    EXPECT_EQ(Get(pTAVUGaugeType, gauge, "Value"), "1 1.50");
-    EXPECT_EQ(Method(pTAVUGaugeType, gauge, "SetRange", {"1"}), 1); // the value follows in
-    EXPECT_EQ(Get(pTAVUGaugeType, gauge, "Value"), "1 1.00");
-    EXPECT_FLOAT_EQ(gauge->Filler->Range, 1.0f);
-    EXPECT_FLOAT_EQ(gauge->Filler->Value, 1.0f);
+    EXPECT_EQ(Get(pTAVUGaugeType, gauge, "Value"), "1 3.00"); // SetValue[3] within SetRange[3]
 }
