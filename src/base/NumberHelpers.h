@@ -3,6 +3,7 @@
 
 #include "Platform.h"
 
+#include <cmath>
 #include <cstdint>
 
 // Float to int as the processor truncates: a value out of range (or NaN) gives
@@ -26,4 +27,13 @@ inline int WrapSubtract(int a, int b) {
 inline tagRECT InsetRect(const tagRECT& rect, int inset) {
     return tagRECT{WrapAdd(rect.left, inset), WrapAdd(rect.top, inset),
                    WrapSubtract(rect.right, inset), WrapSubtract(rect.bottom, inset)};
+}
+
+// A double narrowed to float, a number beyond the float's range going to the
+// infinity on its side rather than out of range: text from a script or a file
+// may hold any number at all.
+inline float NarrowToFloat(double value) {
+    if (value > 3.4028234663852886e38) return HUGE_VALF;
+    if (value < -3.4028234663852886e38) return -HUGE_VALF;
+    return float(value);
 }

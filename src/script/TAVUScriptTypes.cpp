@@ -5,6 +5,7 @@
 #include "TAVUElementType.h"
 #include "TAVUFontType.h"
 #include "TAVUFrameType.h"
+#include "TAVUGaugeType.h"
 #include "TAVUTextType.h"
 #include "TAVUTextureType.h"
 #include "TAVUTooltipType.h"
@@ -50,7 +51,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavucombobox", &pTAVUComboBoxType, nullptr, &pTAVUListBoxType},
     {"tavuconsole", &pTAVUConsoleType, nullptr, &pTAVUFrameType},
     {"tavufont", &pTAVUFontType, TAVUFontType::Make, nullptr},
-    {"tavugauge", &pTAVUGaugeType, nullptr, &pTAVUFrameType},
+    {"tavugauge", &pTAVUGaugeType, TAVUGaugeType::Make, &pTAVUFrameType},
     {"tavuhudelement", &pTAVUHudElementType, nullptr, &pTAVUElementType},
     {"tavumapblip", &pTAVUMapBlipType, nullptr, &pTAVUFrameType},
     {"tavumap", &pTAVUMapType, nullptr, &pTAVUElementType},

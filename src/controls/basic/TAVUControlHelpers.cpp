@@ -19,20 +19,37 @@ XMLNode* TAVUControlHelpers::ResolveTemplate(XMLNode* node, XMLNode* templateNod
     return templateNode ? templateNode : g_UIManager.FindTemplate(typeWord);
 }
 
+namespace {
+// The template's answer, with the default, is the default of the node's.
+template <class T>
+T ReadTwice(T (*read)(XMLNode*, const char*, T), XMLNode* node, XMLNode* templateNode,
+            const char* key, T defaultValue) {
+    return read(node, key, read(templateNode, key, defaultValue));
+}
+} // namespace
+
 unsigned TAVUControlHelpers::ReadHex(XMLNode* node, XMLNode* templateNode, const char* key,
                                      unsigned defaultValue) {
-    return XMLHelper::GetHexValue(node, key,
-                                  XMLHelper::GetHexValue(templateNode, key, defaultValue));
+    return ReadTwice(XMLHelper::GetHexValue, node, templateNode, key, defaultValue);
 }
 
 unsigned TAVUControlHelpers::ReadInt(XMLNode* node, XMLNode* templateNode, const char* key,
                                      unsigned defaultValue) {
-    return XMLHelper::GetIntValue(node, key,
-                                  XMLHelper::GetIntValue(templateNode, key, defaultValue));
+    return ReadTwice(XMLHelper::GetIntValue, node, templateNode, key, defaultValue);
+}
+
+float TAVUControlHelpers::ReadFloat(XMLNode* node, XMLNode* templateNode, const char* key,
+                                    float defaultValue) {
+    return ReadTwice(XMLHelper::GetFloatValue, node, templateNode, key, defaultValue);
+}
+
+bool TAVUControlHelpers::ReadToggle(XMLNode* node, XMLNode* templateNode, const char* key,
+                                    bool defaultValue) {
+    return ReadTwice(XMLHelper::GetToggle, node, templateNode, key, defaultValue);
 }
 
 const char* TAVUControlHelpers::ReadString(XMLNode* node, XMLNode* templateNode, const char* key) {
-    return XMLHelper::GetStringValue(node, key, XMLHelper::GetStringValue(templateNode, key, ""));
+    return ReadTwice<const char*>(XMLHelper::GetStringValue, node, templateNode, key, "");
 }
 
 void TAVUControlHelpers::ApplyColorMask(XMLNode* node, XMLNode* templateNode,

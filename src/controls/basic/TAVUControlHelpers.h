@@ -29,6 +29,10 @@ public:
                             unsigned defaultValue);
     static unsigned ReadInt(XMLNode* node, XMLNode* templateNode, const char* key,
                             unsigned defaultValue);
+    static float ReadFloat(XMLNode* node, XMLNode* templateNode, const char* key,
+                           float defaultValue);
+    static bool ReadToggle(XMLNode* node, XMLNode* templateNode, const char* key,
+                           bool defaultValue);
     // The text stays owned by the document it was read from.
     static const char* ReadString(XMLNode* node, XMLNode* templateNode, const char* key);
 
