@@ -5,6 +5,7 @@
 #include "TAVUElementType.h"
 #include "TAVUFontType.h"
 #include "TAVUFrameType.h"
+#include "TAVUScrollBarType.h"
 #include "TAVUSliderType.h"
 #include "TAVUTextType.h"
 #include "TAVUTextureType.h"
@@ -56,7 +57,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavumapblip", &pTAVUMapBlipType, nullptr, &pTAVUFrameType},
     {"tavumap", &pTAVUMapType, nullptr, &pTAVUElementType},
     {"tavumessagebox", &pTAVUMessageBoxType, nullptr, &pTAVUElementType},
-    {"tavuscrollbar", &pTAVUScrollBarType, nullptr, &pTAVUElementType},
+    {"tavuscrollbar", &pTAVUScrollBarType, TAVUScrollBarType::Make, &pTAVUElementType},
     {"tavuslider", &pTAVUSliderType, TAVUSliderType::Make, &pTAVUElementType},
     {"tavutab", &pTAVUTabType, nullptr, &pTAVUFrameType},
     {"tavutabcontrol", &pTAVUTabControlType, nullptr, &pTAVUFrameType},
