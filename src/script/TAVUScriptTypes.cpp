@@ -6,6 +6,8 @@
 #include "TAVUFontType.h"
 #include "TAVUFrameType.h"
 #include "TAVUGaugeType.h"
+#include "TAVUScrollBarType.h"
+#include "TAVUSliderType.h"
 #include "TAVUTextType.h"
 #include "TAVUTextureType.h"
 #include "TAVUTooltipType.h"
@@ -56,8 +58,8 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavumapblip", &pTAVUMapBlipType, nullptr, &pTAVUFrameType},
     {"tavumap", &pTAVUMapType, nullptr, &pTAVUElementType},
     {"tavumessagebox", &pTAVUMessageBoxType, nullptr, &pTAVUElementType},
-    {"tavuscrollbar", &pTAVUScrollBarType, nullptr, &pTAVUElementType},
-    {"tavuslider", &pTAVUSliderType, nullptr, &pTAVUElementType},
+    {"tavuscrollbar", &pTAVUScrollBarType, TAVUScrollBarType::Make, &pTAVUElementType},
+    {"tavuslider", &pTAVUSliderType, TAVUSliderType::Make, &pTAVUElementType},
     {"tavutab", &pTAVUTabType, nullptr, &pTAVUFrameType},
     {"tavutabcontrol", &pTAVUTabControlType, nullptr, &pTAVUFrameType},
     {"tavutext", &pTAVUTextType, TAVUTextType::Make, &pTAVUElementType},
