@@ -5,6 +5,7 @@
 #include "TAVUElementType.h"
 #include "TAVUFontType.h"
 #include "TAVUFrameType.h"
+#include "TAVUTextEntryType.h"
 #include "TAVUTextType.h"
 #include "TAVUTextureType.h"
 #include "TAVUTooltipType.h"
@@ -61,7 +62,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavutabcontrol", &pTAVUTabControlType, nullptr, &pTAVUFrameType},
     {"tavutext", &pTAVUTextType, TAVUTextType::Make, &pTAVUElementType},
     {"tavutextedit", &pTAVUTextEditType, nullptr, &pTAVUElementType},
-    {"tavutextentry", &pTAVUTextEntryType, nullptr, &pTAVUElementType},
+    {"tavutextentry", &pTAVUTextEntryType, TAVUTextEntryType::Make, &pTAVUElementType},
     {"tavutexture", &pTAVUTextureType, TAVUTextureType::Make, nullptr},
     {"tavutooltip", &pTAVUTooltipType, TAVUTooltipType::Make, &pTAVUFrameType},
     {"tavutreenode", &pTAVUTreeNodeType, nullptr, nullptr},
