@@ -71,7 +71,7 @@ const struct {
     {"a full buffer takes no more at its end", "4", "abc", "DE", "abcd", 4, "3"},
     {"inserting into a full buffer drops its last byte", "4", "abc", "DhX", "xabc", 1, "3 3"},
     {"Control with a letter types its control byte", "9", "", "^A_", "\x01", 1, "3"},
-    {"Escape and keys above 255 change nothing", "9", "ab", "x#", "ab", 2, ""},
+    {"Escape, Delete at the end, keys above 255: nothing", "9", "ab", "xd#", "ab", 2, ""},
     {"Enter tells the parent and keeps the text", "9", "ab", "ns", "ab", 2, "5 5"},
 };
 
