@@ -151,7 +151,7 @@ void TAVUTextEntry::ReplaceText(const char* text, size_t maxBytes) {
     if (!Text) return;
     size_t length = text ? strnlen(text, maxBytes) : 0;
     if (length > Allocated) length = Allocated;
-    memcpy(Text, text, length);
+    if (length) memcpy(Text, text, length);
     Text[length] = 0;
     Length = Caret = length;
 }
@@ -233,15 +233,20 @@ void TAVUTextEntry::PasteBytes(bool linesEnter) {
     std::string text = ClipboardText();
     TAVUElementWatch watch(this);
     for (size_t i = 0; i < text.size() && watch.Alive(); ++i) {
-        char c = text[i];
-        if (c == 8)
+        switch (text[i]) {
+        case 8:
             HandleBackspace();
-        else if (c == 127)
+            break;
+        case 127:
             HandleDelete();
-        else if (c == '\n' || c == '\r') {
+            break;
+        case '\n':
+        case '\r':
             if (linesEnter) HandleEnter();
-        } else
-            InsertCharacter(c);
+            break;
+        default:
+            InsertCharacter(text[i]);
+        }
     }
 }
 
