@@ -12,6 +12,13 @@ inline int TruncateToInt(float value) {
     return int(value);
 }
 
+// Float to unsigned, saturating: NaN and anything below 1 give 0, anything
+// beyond the 32-bit range gives its largest value.
+inline unsigned TruncateToUnsigned(float value) {
+    if (!(value > 0.0f)) return 0;
+    return value >= 4294967296.0f ? 0xFFFFFFFFu : unsigned(value);
+}
+
 // Screen arithmetic that wraps as the processor does, rather than overflowing:
 // extreme sizes (a fraction of a negative parent size) must not be undefined.
 inline int WrapAdd(int a, int b) {

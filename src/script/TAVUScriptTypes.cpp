@@ -5,6 +5,8 @@
 #include "TAVUElementType.h"
 #include "TAVUFontType.h"
 #include "TAVUFrameType.h"
+#include "TAVUScrollBarType.h"
+#include "TAVUSliderType.h"
 #include "TAVUTextType.h"
 #include "TAVUTextureType.h"
 #include "TAVUTooltipType.h"
@@ -55,8 +57,8 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavumapblip", &pTAVUMapBlipType, nullptr, &pTAVUFrameType},
     {"tavumap", &pTAVUMapType, nullptr, &pTAVUElementType},
     {"tavumessagebox", &pTAVUMessageBoxType, nullptr, &pTAVUElementType},
-    {"tavuscrollbar", &pTAVUScrollBarType, nullptr, &pTAVUElementType},
-    {"tavuslider", &pTAVUSliderType, nullptr, &pTAVUElementType},
+    {"tavuscrollbar", &pTAVUScrollBarType, TAVUScrollBarType::Make, &pTAVUElementType},
+    {"tavuslider", &pTAVUSliderType, TAVUSliderType::Make, &pTAVUElementType},
     {"tavutab", &pTAVUTabType, nullptr, &pTAVUFrameType},
     {"tavutabcontrol", &pTAVUTabControlType, nullptr, &pTAVUFrameType},
     {"tavutext", &pTAVUTextType, TAVUTextType::Make, &pTAVUElementType},

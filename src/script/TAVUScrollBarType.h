@@ -1,0 +1,14 @@
+// "tavuscrollbar": the script type of TAVUScrollBar.
+#pragma once
+
+#include "TAVUControlType.h"
+
+class TAVU_API TAVUScrollBarType : public TAVUControlType {
+public:
+    TAVUScrollBarType();
+    bool GetMember(RXObjectData& object, _RXTypeMember* member, int argc, char* argv[],
+                   _RXTypeVar& result) override;
+    bool GetMethod(RXObjectData& object, _RXTypeMember* method, int argc, char* argv[]) override;
+
+    static RXTypeDefinition* Make();
+};
