@@ -2,6 +2,7 @@
 
 #include "TAVUButtonType.h"
 #include "TAVUCheckBoxType.h"
+#include "TAVUConsoleType.h"
 #include "TAVUElementType.h"
 #include "TAVUFontType.h"
 #include "TAVUFrameType.h"
@@ -50,7 +51,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavubutton", &pTAVUButtonType, TAVUButtonType::Make, &pTAVUElementType},
     {"tavucheckbox", &pTAVUCheckBoxType, TAVUCheckBoxType::Make, &pTAVUElementType},
     {"tavucombobox", &pTAVUComboBoxType, nullptr, &pTAVUListBoxType},
-    {"tavuconsole", &pTAVUConsoleType, nullptr, &pTAVUFrameType},
+    {"tavuconsole", &pTAVUConsoleType, TAVUConsoleType::Make, &pTAVUFrameType},
     {"tavufont", &pTAVUFontType, TAVUFontType::Make, nullptr},
     {"tavugauge", &pTAVUGaugeType, nullptr, &pTAVUFrameType},
     {"tavuhudelement", &pTAVUHudElementType, nullptr, &pTAVUElementType},

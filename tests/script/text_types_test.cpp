@@ -8,38 +8,7 @@
 #include <tuple>
 #include <vector>
 
-using Calls = std::vector<std::vector<std::string>>;
-
-class TextTypes : public ScriptTypeTest {
-protected:
-    // Every name of a type's tables: a member or method added to the type
-    // without a row here, or a row whose handler lost its case, fails. Each is
-    // asked on no object, then with every shorter argument list, which it must
-    // refuse without reading past it, then in full. A member row is the name,
-    // the result it gives and its arguments; a method row the name and its
-    // arguments, none where an argument may be left out.
-    void ExpectAnswered(RXTypeDefinition* type, void* object, const Calls& members,
-                        const Calls& methods) {
-        EXPECT_EQ(size_t(type->Members.Count()), members.size()) << type->TypeName;
-        EXPECT_EQ(size_t(type->Methods.Count()), methods.size()) << type->TypeName;
-        for (const Calls* calls : {&members, &methods})
-            for (const auto& row : *calls) {
-                SCOPED_TRACE(row[0]);
-                auto first = row.begin() + (calls == &members ? 2 : 1);
-                auto call = [&](void* on, size_t count) {
-                    std::vector<std::string> args(first, first + count);
-                    return calls == &members ? Member(type, on, row[0].c_str(), args)
-                                             : Method(type, on, row[0].c_str(), args);
-                };
-                size_t all = size_t(row.end() - first);
-                EXPECT_EQ(call(nullptr, all), 0);
-                for (size_t count = 0; count < all; ++count)
-                    EXPECT_EQ(call(object, count), 0) << count << " arguments";
-                EXPECT_EQ(call(object, all), 1);
-                EXPECT_TRUE(calls != &members || ResultText() == row[1]) << ResultText();
-            }
-    }
-};
+using TextTypes = ScriptTypeTest;
 
 TEST_F(TextTypes, EachTypeAnswersEveryNameOfItsTables) {
     auto* text = static_cast<TAVUText*>(g_UIManager.LoadElement(g_UIManager.Screen, "text", "T"));
