@@ -140,12 +140,19 @@ std::string SequenceResolver::Substitute(const std::string& text, int depth) {
     return out;
 }
 
+// A chain may end in methods, as a command's does: they run, and the value
+// is read again after them, so that ${Level:Set[2]} writes Level and reads 2.
 bool SequenceResolver::Resolve(const std::string& chain, _RXTypeVar& value, int depth) {
-    std::vector<Link> links;
+    std::vector<Link> links, methods;
     bool exists = false;
-    if (depth > MaxDepth || !ParseChain(chain, links, nullptr, exists, depth)) return false;
+    if (depth > MaxDepth || !ParseChain(chain, links, &methods, exists, depth)) return false;
+    if (exists && !methods.empty()) return false;
     RXObjectData* storage = nullptr;
     bool resolved = Walk(links, value, storage);
+    if (resolved && !methods.empty()) {
+        if (!value.Type || RunOn(methods, value, storage) != 1) return false;
+        if (storage) value.Value.UInt64 = storage->Value.UInt64;
+    }
     if (!exists) return resolved;
     value.Type = Engine.FindType("bool");
     value.Value.UInt64 = 0;
@@ -166,10 +173,15 @@ int SequenceResolver::RunMethods(const std::string& command) {
         Engine.Print("Cannot resolve '" + command.substr(0, FindOutside(command, ':')) + "'");
         return -1;
     }
+    return RunOn(methods, value, storage);
+}
+
+int SequenceResolver::RunOn(const std::vector<Link>& methods, const _RXTypeVar& value,
+                            RXObjectData* storage) {
     RXObjectData copy{};
     copy.Value.UInt64 = value.Value.UInt64;
     RXObjectData& target = storage ? *storage : copy;
-    for (Link& method : methods) {
+    for (const Link& method : methods) {
         ArgumentVector arguments(method.Arguments);
         int outcome = value.Type->DispatchMethod(target, method.Name.c_str(), arguments.Count(),
                                                  arguments.Values());

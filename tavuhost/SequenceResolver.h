@@ -51,6 +51,9 @@ private:
     bool ParseLink(const std::string& text, size_t& position, Link& link, int depth);
     std::vector<std::string> SplitArguments(const std::string& inside, int depth);
     bool Walk(const std::vector<Link>& links, _RXTypeVar& value, RXObjectData*& storage);
+    // Runs methods on a resolved value (in its storage when it has one), as
+    // RunMethods answers.
+    int RunOn(const std::vector<Link>& methods, const _RXTypeVar& value, RXObjectData* storage);
 
     ScriptEngine& Engine;
 };

@@ -1,6 +1,7 @@
 #include "ControlTest.h"
 #include "TAVUSlider.h"
 #include "TAVUTexture.h"
+#include "TAVUVariableSlider.h"
 #include "Words.h"
 
 #include <string>
@@ -197,4 +198,82 @@ TEST_F(SliderTest, OnChangeRunsAfterTheParentHearsAndMayDeleteTheSlider) {
     slider->Dragging = true;
     EXPECT_TRUE(slider->OnMouseMove(point));
     EXPECT_EQ(Parent->FirstChild, nullptr);
+}
+
+class VariableSliderTest : public SliderTest {
+protected:
+    // The variable reads as Variable; every write to it is kept in Writes.
+    TAVUVariableSlider* Bound(const std::string& keys) {
+        Host.DataSequences = [&](const std::string& text) {
+            if (text.find(":Set[") != std::string::npos) Writes.push_back(text);
+            return Variable;
+        };
+        std::string xml =
+            "<variableslider><Width>105</Width><Data>Volume</Data>" + keys + "</variableslider>";
+        return Load<TAVUVariableSlider>("variableslider", "Volume", xml.c_str());
+    }
+    std::string Variable;
+    std::vector<std::string> Writes;
+};
+
+// Each row: the variable's text, the keys, then the value the slider shows and
+// what it writes back.
+TEST_F(VariableSliderTest, EachFrameReadsTheVariableScaledToRangeAndWritesItBack) {
+    const struct {
+        const char* Variable;
+        const char* Keys;
+        const char* Expected;
+    } cases[] = {
+        {"0.5", "<Range>100</Range><VariableRange>1</VariableRange>", "50 ${Volume:Set[0.500000]}"},
+        {"15", "<Range>100</Range><Offset>10</Offset><VariableRange>10</VariableRange>",
+         "50 ${Volume:Set[15.000000]}"},
+        {"5", "<Range>100</Range><Offset>10</Offset><VariableRange>10</VariableRange>",
+         "0 ${Volume:Set[10.000000]}"}, // below Offset
+        {"loud", "<Range>100</Range><VariableRange>1</VariableRange>", "0 ${Volume:Set[0.000000]}"},
+        {"1e30", "<Range>100</Range><VariableRange>1</VariableRange>",
+         "100 ${Volume:Set[1.000000]}"},
+        {"3", "<Range>100</Range>", "100 ${Volume:Set[0.000000]}"}, // VariableRange 0: full
+        {"3", "<Offset>2</Offset><VariableRange>1</VariableRange>", "0 ${Volume:Set[2.000000]}"},
+    };
+    for (const auto& c : cases) {
+        Variable = c.Variable;
+        TAVUVariableSlider* slider = Bound(c.Keys);
+        ASSERT_NE(slider, nullptr);
+        Writes.clear();
+        RenderFrame();
+        EXPECT_EQ(Words(slider->Value, Writes.empty() ? "(none)" : Writes.back()), c.Expected)
+            << c.Variable << " " << c.Keys;
+        Parent->DeleteChild(slider);
+    }
+}
+
+TEST_F(VariableSliderTest, WritesOnlyOnceReadAndThenAtEveryFrameButIgnoresItWhileHeld) {
+    Variable = "20";
+    TAVUVariableSlider* slider =
+        Bound("<Range>10</Range><VariableRange>100</VariableRange><OnChange>moved</OnChange>");
+    ASSERT_NE(slider, nullptr);
+    EXPECT_TRUE(slider->IsTypeOf("variableslider") && slider->IsTypeOf("slider"));
+    slider->SetValue(7);
+    EXPECT_TRUE(Writes.empty()); // not read yet
+    RenderFrame();
+    RenderFrame(); // the same value: written again all the same
+    EXPECT_EQ(Writes,
+              (std::vector<std::string>{"${Volume:Set[20.000000]}", "${Volume:Set[20.000000]}"}));
+    _Point2i grip{2 + 90, 8}; // the handle held at 9
+    slider->OnLMouseDown(grip);
+    RenderFrame();
+    EXPECT_EQ(Words(slider->Value, Writes.back()), "9 ${Volume:Set[90.000000]}");
+    slider->OnLMouseUp(grip);
+    RenderFrame();
+    EXPECT_EQ(slider->Value, 2u); // let go: the variable again
+
+    Host.OnExecuteAtom = [&](const FakeHost::AtomRun&) {
+        Parent->DeleteChild(slider);
+        return 0;
+    };
+    Variable = "50";
+    Writes.clear();
+    RenderFrame(); // "OnChange" deletes it in the middle of the frame: under ASan
+    EXPECT_EQ(Parent->FirstChild, nullptr);
+    EXPECT_TRUE(Writes.empty());
 }
