@@ -8,6 +8,7 @@
 #include "TAVUFrameType.h"
 #include "TAVUScrollBarType.h"
 #include "TAVUSliderType.h"
+#include "TAVUTextEntryType.h"
 #include "TAVUTextType.h"
 #include "TAVUTextureType.h"
 #include "TAVUTooltipType.h"
@@ -64,7 +65,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavutabcontrol", &pTAVUTabControlType, nullptr, &pTAVUFrameType},
     {"tavutext", &pTAVUTextType, TAVUTextType::Make, &pTAVUElementType},
     {"tavutextedit", &pTAVUTextEditType, nullptr, &pTAVUElementType},
-    {"tavutextentry", &pTAVUTextEntryType, nullptr, &pTAVUElementType},
+    {"tavutextentry", &pTAVUTextEntryType, TAVUTextEntryType::Make, &pTAVUElementType},
     {"tavutexture", &pTAVUTextureType, TAVUTextureType::Make, nullptr},
     {"tavutooltip", &pTAVUTooltipType, TAVUTooltipType::Make, &pTAVUFrameType},
     {"tavutreenode", &pTAVUTreeNodeType, nullptr, nullptr},

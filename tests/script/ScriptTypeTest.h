@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
-using Calls = std::vector<std::vector<std::string>>;
-
 class ScriptTypeTest : public ToolkitTest {
 protected:
+    using Calls = std::vector<std::vector<std::string>>;
+
     void SetUp() override {
         for (const char* name :
              {"string", "int", "int64", "bool", "float", "point3f", "filepath", "uint"}) {

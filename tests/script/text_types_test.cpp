@@ -8,7 +8,7 @@
 #include <tuple>
 #include <vector>
 
-using TextTypes = ScriptTypeTest;
+class TextTypes : public ScriptTypeTest {};
 
 TEST_F(TextTypes, EachTypeAnswersEveryNameOfItsTables) {
     auto* text = static_cast<TAVUText*>(g_UIManager.LoadElement(g_UIManager.Screen, "text", "T"));

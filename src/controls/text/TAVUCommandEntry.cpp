@@ -1,0 +1,187 @@
+#include "TAVUCommandEntry.h"
+
+#include "CUIManager.h"
+#include "Module.h"
+#include "StringHelpers.h"
+#include "TAVUConsoleSelector.h"
+#include "TAVUControlHelpers.h"
+#include "TAVUElementWatch.h"
+#include "TAVUEmbeddedScript.h"
+#include "TAVUFactory.h"
+
+#if __has_include("TAVUConsole.h")
+#include "TAVUConsole.h"
+#define TAVU_HAS_CONSOLE 1
+#endif
+
+#include <cstring>
+#include <optional>
+#include <string>
+
+namespace {
+const char kTypeWord[] = "commandentry";
+
+enum : unsigned {
+    kKeyTab = 9,
+    kKeyEnter = 13,
+    kKeyEscape = 27,
+    kKeyPageUp = 33,
+    kKeyPageDown = 34,
+    kKeyUp = 38,
+    kKeyDown = 40,
+};
+} // namespace
+
+TAVUFactory<TAVUCommandEntry> g_TAVUCommandEntryFactory(kTypeWord);
+
+TAVUCommandEntry::TAVUCommandEntry(const char* type, TAVUElement* parent, const char* name)
+    : TAVUTextEntry(type, parent, name) {}
+
+TAVUCommandEntry::~TAVUCommandEntry() {
+    FreeHistory();
+    StrFree(Console);
+    if (OnCommandScript) OnCommandScript->Delete();
+}
+
+void TAVUCommandEntry::FreeHistory() {
+    for (unsigned i = 0; History && i < CommandHistory; ++i)
+        StrFree(History[i]);
+    delete[] History;
+    History = nullptr;
+    HistoryNext = HistoryBrowse = HistoryCount = 0;
+}
+
+// The ring starts with one empty line, so that browsing always finds a line.
+bool TAVUCommandEntry::FromXML(XMLNode* node, XMLNode* templateNode) {
+    templateNode = TAVUControlHelpers::ResolveTemplate(node, templateNode, kTypeWord);
+    if (!TAVUTextEntry::FromXML(node, templateNode)) return false;
+    TAVUControlHelpers::ReplaceText(Console,
+                                    TAVUControlHelpers::ReadString(node, templateNode, "Console"));
+    if (TAVUEmbeddedScript* script =
+            EmbeddedScriptFromXML(node, "OnCommand", templateNode, "string Text")) {
+        if (OnCommandScript) OnCommandScript->Delete();
+        OnCommandScript = script;
+    }
+    FreeHistory();
+    unsigned capacity = TAVUControlHelpers::ReadInt(node, templateNode, "CommandHistory", 0);
+    CommandHistory = capacity > LargestCommandHistory ? unsigned(LargestCommandHistory) : capacity;
+    if (CommandHistory) {
+        History = new char*[CommandHistory]();
+        AddHistory("");
+    }
+    return true;
+}
+
+bool TAVUCommandEntry::IsTypeOf(const char* type) {
+    return StrCompareNoCase(type, kTypeWord) == 0 || TAVUTextEntry::IsTypeOf(type);
+}
+
+void TAVUCommandEntry::AddHistory(const char* line) {
+    if (!History || CommandHistory == 0) return;
+    StrFree(History[HistoryNext]);
+    History[HistoryNext] = StrDuplicate(line);
+    ++HistoryNext;
+    if (HistoryCount < HistoryNext) HistoryCount = HistoryNext;
+    if (unsigned(HistoryNext) >= CommandHistory) HistoryNext = 0;
+    HistoryBrowse = HistoryNext;
+}
+
+// Until the ring has wrapped, its last filled slot is the newest line.
+bool TAVUCommandEntry::RecallLast() {
+    int slot = HistoryCount > 0 ? HistoryCount - 1 : 0;
+    const char* line = History ? History[slot] : nullptr;
+    if (!line || !line[0]) return false;
+    ReplaceText(line, Limit());
+    return true;
+}
+
+void TAVUCommandEntry::HandleEnter() {
+    if (Length == 0 || !Text) return;
+    if (strcmp(Text, "!") == 0) {
+        if (!RecallLast()) return;
+    } else {
+        AddHistory(Text);
+    }
+    std::string line = Text;
+    TAVUElementWatch watch(this);
+    {
+        std::optional<TAVUConsoleSelector> selector;
+        if (Console && Console[0]) selector.emplace(Console);
+        OnCommand(line.data());
+    }
+    if (watch.Alive()) ClearText();
+}
+
+// The text is the caller's own copy: the command may delete this entry.
+void TAVUCommandEntry::OnCommand(char* text) {
+    if (OnCommandScript) {
+        char* argv[] = {text};
+        OnCommandScript->Execute(1, argv);
+    } else {
+        g_pHost->ExecuteCommand(text);
+    }
+}
+
+void TAVUCommandEntry::PasteClipboard() {
+    PasteBytes(true);
+}
+
+bool TAVUCommandEntry::OnKeyDown(unsigned key) {
+    TAVUElementWatch watch(this);
+    switch (key) {
+    case kKeyTab:
+        Complete();
+        break;
+    case kKeyEnter:
+        HandleEnter();
+        break;
+    case kKeyEscape:
+        if (Caret != 0) ClearText();
+        break;
+    case kKeyPageUp:
+    case kKeyPageDown:
+        ScrollConsole(key);
+        break;
+    case kKeyUp:
+    case kKeyDown:
+        if (g_UIManager.Shift)
+            ScrollConsole(key);
+        else
+            Browse(key == kKeyUp ? -1 : 1);
+        break;
+    default:
+        return TAVUTextEntry::OnKeyDown(key);
+    }
+    if (watch.Alive()) FinishKeyDown(key);
+    return true;
+}
+
+// Browsing and completion tell nobody: only typing changes the text.
+void TAVUCommandEntry::Browse(int step) {
+    if (step < 0 && HistoryCount == 0) return;
+    HistoryBrowse += step;
+    if (HistoryBrowse < 0) HistoryBrowse = HistoryCount - 1;
+    if (HistoryBrowse >= HistoryCount) HistoryBrowse = 0;
+    if (History && HistoryCount > 0) ReplaceText(History[HistoryBrowse], Limit());
+}
+
+void TAVUCommandEntry::Complete() {
+    if (Caret == 0 || !Text) return;
+    ReplaceText(g_pHost->CompleteCommand(Text, g_UIManager.Shift), Limit());
+}
+
+void TAVUCommandEntry::ScrollConsole(unsigned key) {
+    TAVUElement* output = Parent ? Parent->FindChild("output") : nullptr;
+    if (!output || !output->IsTypeOf("console")) return;
+#ifdef TAVU_HAS_CONSOLE
+    auto* console = static_cast<TAVUConsole*>(output);
+    if (key == kKeyPageUp)
+        console->HandlePageUp();
+    else if (key == kKeyPageDown)
+        console->HandlePageDown();
+    else if (key == kKeyUp)
+        console->HandleUp();
+    else
+        console->HandleDown();
+#endif
+}
