@@ -276,9 +276,14 @@ TEST_F(TextEntryTest, DrawsTheTextWithACaretBoxOrTheMask) {
     for (const FakeHost::Fill& fill : Host.Fills)
         caretFill |= fill.Color == 0xFF0000FFu && fill.Rect.left == 28 && fill.Rect.top == 13;
     EXPECT_TRUE(caretFill);
+    entry->InsertMode = false; // overwrite: the caret's colours change places
+    RenderFrame();
+    caretFill = false;
+    for (const FakeHost::Fill& fill : Host.Fills)
+        caretFill |= fill.Color == 0xFFFF0000u && fill.Rect.left == 28 && fill.Rect.top == 13;
+    EXPECT_TRUE(caretFill);
 
     entry->PasswordCharacter = '*';
-    entry->InsertMode = false;
     g_UIManager.SetFocusElement(nullptr);
     RenderFrame();
     ASSERT_EQ(Host.Texts.size(), 1u);
@@ -328,6 +333,17 @@ TEST_F(TextEntryTest, AClickFocusesAndPlacesTheCaret) {
     EXPECT_TRUE(entry->OnLMouseDown(point));
     EXPECT_TRUE(entry->IsFocus());
     EXPECT_EQ(entry->Caret, 3u);
+
+    // The entry that loses the focus may delete the one that takes it.
+    auto* other = Entry("<OnKeyboardExit>gone</OnKeyboardExit>", "textentry", "Other");
+    ASSERT_NE(other, nullptr);
+    Host.OnExecuteAtom = [&](const FakeHost::AtomRun&) {
+        Parent->DeleteChild(entry);
+        return 0;
+    };
+    EXPECT_TRUE(entry->OnLMouseDown(point)); // under ASan: nothing touched after
+    EXPECT_EQ(Parent->FirstChild, other);
+    Host.OnExecuteAtom = nullptr;
 }
 
 // A parent or an OnChange script may delete the entry while it types or

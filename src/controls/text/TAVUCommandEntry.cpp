@@ -20,16 +20,6 @@
 
 namespace {
 const char kTypeWord[] = "commandentry";
-
-enum : unsigned {
-    kKeyTab = 9,
-    kKeyEnter = 13,
-    kKeyEscape = 27,
-    kKeyPageUp = 33,
-    kKeyPageDown = 34,
-    kKeyUp = 38,
-    kKeyDown = 40,
-};
 } // namespace
 
 TAVUFactory<TAVUCommandEntry> g_TAVUCommandEntryFactory(kTypeWord);
@@ -129,25 +119,25 @@ void TAVUCommandEntry::PasteClipboard() {
 bool TAVUCommandEntry::OnKeyDown(unsigned key) {
     TAVUElementWatch watch(this);
     switch (key) {
-    case kKeyTab:
+    case KeyTab:
         Complete();
         break;
-    case kKeyEnter:
+    case KeyEnter:
         HandleEnter();
         break;
-    case kKeyEscape:
+    case KeyEscape:
         if (Caret != 0) ClearText();
         break;
-    case kKeyPageUp:
-    case kKeyPageDown:
+    case KeyPageUp:
+    case KeyPageDown:
         ScrollConsole(key);
         break;
-    case kKeyUp:
-    case kKeyDown:
+    case KeyUp:
+    case KeyDown:
         if (g_UIManager.Shift)
             ScrollConsole(key);
         else
-            Browse(key == kKeyUp ? -1 : 1);
+            Browse(key == KeyUp ? -1 : 1);
         break;
     default:
         return TAVUTextEntry::OnKeyDown(key);
@@ -175,11 +165,11 @@ void TAVUCommandEntry::ScrollConsole(unsigned key) {
     if (!output || !output->IsTypeOf("console")) return;
 #ifdef TAVU_HAS_CONSOLE
     auto* console = static_cast<TAVUConsole*>(output);
-    if (key == kKeyPageUp)
+    if (key == KeyPageUp)
         console->HandlePageUp();
-    else if (key == kKeyPageDown)
+    else if (key == KeyPageDown)
         console->HandlePageDown();
-    else if (key == kKeyUp)
+    else if (key == KeyUp)
         console->HandleUp();
     else
         console->HandleDown();

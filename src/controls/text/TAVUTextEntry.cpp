@@ -22,21 +22,6 @@ const char kTypeWord[] = "textentry";
 const int kInset = 3;
 const size_t kCaretMargin = 3;
 
-enum : unsigned {
-    kKeyBackspace = 8,
-    kKeyTab = 9,
-    kKeyEnter = 13,
-    kKeyEscape = 27,
-    kKeyEnd = 35,
-    kKeyHome = 36,
-    kKeyLeft = 37,
-    kKeyRight = 39,
-    kKeyInsert = 45,
-    kKeyDelete = 46,
-    kKeyV = 86,
-    kKeySeparator = 108,
-};
-
 unsigned ClampMaxLength(unsigned length) {
     if (length == 0) return 1;
     return length > TAVUTextEntry::LargestMaxLength ? unsigned(TAVUTextEntry::LargestMaxLength)
@@ -292,42 +277,42 @@ void TAVUTextEntry::OnKeyboardExit(TAVUElement* next) {
 bool TAVUTextEntry::OnKeyDown(unsigned key) {
     TAVUElementWatch watch(this);
     switch (key) {
-    case kKeyBackspace:
+    case KeyBackspace:
         HandleBackspace();
         break;
-    case kKeyTab:
+    case KeyTab:
         MoveFocus();
         break;
-    case kKeyEnter:
-    case kKeySeparator:
+    case KeyEnter:
+    case KeySeparator:
         HandleEnter();
         break;
-    case kKeyEscape:
+    case KeyEscape:
         HandleEscape();
         break;
-    case kKeyEnd:
+    case KeyEnd:
         Caret = Length;
         break;
-    case kKeyHome:
+    case KeyHome:
         Caret = 0;
         break;
-    case kKeyLeft:
+    case KeyLeft:
         if (Caret > 0) --Caret;
         break;
-    case kKeyRight:
+    case KeyRight:
         if (Text && Text[Caret]) ++Caret;
         break;
-    case kKeyInsert:
+    case KeyInsert:
         if (g_UIManager.Shift)
             PasteClipboard();
         else
             InsertMode = !InsertMode;
         break;
-    case kKeyDelete:
+    case KeyDelete:
         HandleDelete();
         break;
     default:
-        if (key == kKeyV && g_UIManager.Control) {
+        if (key == KeyV && g_UIManager.Control) {
             PasteClipboard();
         } else if (key < 256 && !TypeKey(key)) {
             return false;
@@ -339,7 +324,7 @@ bool TAVUTextEntry::OnKeyDown(unsigned key) {
 }
 
 bool TAVUTextEntry::FinishKeyDown(unsigned key) {
-    RepeatKey = key == kKeyEnter ? 0 : key;
+    RepeatKey = key == KeyEnter ? 0 : key;
     NextRepeat = GetTickCount() + g_UIManager.KeyRepeatDelay;
     TAVUElementWatch watch(this);
     TAVUElement::OnKeyDown(key);

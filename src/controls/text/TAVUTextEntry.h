@@ -33,6 +33,25 @@ public:
     enum : unsigned { LargestMaxLength = 4096 };
     // The focused part left of the caret is drawn from a buffer of this size.
     enum : size_t { CaretPartSize = 1024 };
+    // The virtual keys that the entries handle themselves.
+    enum VirtualKey : unsigned {
+        KeyBackspace = 8,
+        KeyTab = 9,
+        KeyEnter = 13,
+        KeyEscape = 27,
+        KeyPageUp = 33,
+        KeyPageDown = 34,
+        KeyEnd = 35,
+        KeyHome = 36,
+        KeyLeft = 37,
+        KeyUp = 38,
+        KeyRight = 39,
+        KeyDown = 40,
+        KeyInsert = 45,
+        KeyDelete = 46,
+        KeyV = 86,
+        KeySeparator = 108,
+    };
 
     TAVUTextEntry(const char* type, TAVUElement* parent, const char* name);
 
