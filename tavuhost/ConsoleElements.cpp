@@ -9,6 +9,7 @@
 #include "ScriptEngine.h"
 #include "TAVUConsole.h"
 
+#include <cstdlib>
 #include <cstring>
 
 namespace {
@@ -71,8 +72,10 @@ bool ConsoleElements::ReadLines(const std::string& name, std::vector<std::string
 // The lines are read whole before any is printed: printing may route them
 // into a console, even this one.
 int ConsoleElements::LinesCommand(int argc, char* argv[]) {
-    if (argc != 2) {
-        Engine.Print("Syntax: consolelines NAME");
+    char* end = nullptr;
+    long count = argc == 3 ? strtol(argv[2], &end, 10) : -1;
+    if ((argc != 2 && argc != 3) || (argc == 3 && (*end || end == argv[2] || count < 0))) {
+        Engine.Print("Syntax: consolelines NAME [COUNT]");
         return -1;
     }
     std::vector<std::string> lines;
@@ -80,7 +83,8 @@ int ConsoleElements::LinesCommand(int argc, char* argv[]) {
         Engine.Print(std::string("consolelines: no console element named '") + argv[1] + "'");
         return -1;
     }
-    for (const std::string& line : lines)
-        Engine.Print(line);
+    size_t first = count >= 0 && size_t(count) < lines.size() ? lines.size() - size_t(count) : 0;
+    for (size_t i = first; i < lines.size(); ++i)
+        Engine.Print(lines[i]);
     return 0;
 }

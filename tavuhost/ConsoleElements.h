@@ -2,8 +2,9 @@
 // names a "console" element (by its full name, as the toolkit's console
 // selector passes it), every line of console output also goes into that
 // element, as a game shows command output in its in-game console. The
-// command "consolelines NAME" prints the lines a console element holds,
-// oldest first, so that scripts can read a console back.
+// command "consolelines NAME [COUNT]" prints the lines a console element
+// holds, oldest first (only the newest COUNT), so that scripts can read a
+// console back.
 //
 // The host reaches the element as any host would: through the toolkit's
 // "UIElement" object and the console's script type, and reads the lines from
