@@ -120,6 +120,19 @@ TEST_F(ConsoleTest, TextBreaksAtTheColumnsBackAtTheLastBlank) {
     console->Clear();
     console->Print(std::string(30, 'y').c_str());
     EXPECT_EQ(Ring(console), (std::vector<std::string>{std::string(28, 'y'), "yy"}));
+    // A megabyte of text fills the ring with its last lines, none lost
+    // between them; Printf cuts at its 4096-byte buffer, which ends a line early.
+    std::string megabyte;
+    for (int n = 0; megabyte.size() < 1000000; ++n)
+        megabyte += std::to_string(n % 10) + std::string(27, char('a' + n % 26));
+    console->Print(megabyte.c_str());
+    std::vector<std::string> ring = Ring(console);
+    ASSERT_EQ(ring.size(), 100u);
+    EXPECT_EQ(ring.back(), megabyte.substr(megabyte.size() - 28));
+    EXPECT_EQ(ring.front(), megabyte.substr(megabyte.size() - 100 * 28, 28));
+    console->Clear();
+    console->Printf("%s", std::string(5000, 'z').c_str());
+    EXPECT_EQ(Ring(console).back().size(), (TAVUConsole::PrintfBufferSize - 1u) % 28);
 }
 
 TEST_F(ConsoleTest, TheScrollBarWheelAndKeysMoveTheViewAndNewLinesDoNot) {
