@@ -25,7 +25,6 @@ const char kTypeWord[] = "console";
 const int kTextLeft = 3; // the text's inset from the left edge, in pixels
 const int kTextTop = 2;
 const int kWheelStep = 40; // a wheel notch of 120 moves three lines
-const int kVirtualKeyControl = 0x11;
 
 void ReplaceTexture(TAVUTexture*& field, TAVUTexture* texture) {
     TAVUTexture::Delete(field);
@@ -239,7 +238,7 @@ void TAVUConsole::HandlePageUp() {
 
 void TAVUConsole::HandlePageDown() {
     if (!ScrollBar) return;
-    if (GetKeyState(kVirtualKeyControl) & 0x8000)
+    if (g_UIManager.Control)
         ScrollBar->SetValue(0);
     else
         ScrollBar->LowerValue(unsigned(std::max(VisibleLines, 0)));
