@@ -2,6 +2,7 @@
 // sequence, resolved by the host at every frame) and the word wrap of a long
 // paragraph. Live text must stay cheap and allocate nothing once running, so
 // the frame benchmark also counts heap allocations per frame.
+#include "AllocationCounter.h"
 #include "CUIManager.h"
 #include "Module.h"
 #include "NullHost.h"
@@ -15,41 +16,6 @@
 #include <cstring>
 #include <new>
 #include <string>
-
-// Every heap allocation of the program goes through these while counting is
-// on: glibc lets a program replace malloc and its family, and operator new
-// allocates through malloc. A sanitizer brings its own allocator: there the
-// count is left out.
-#if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__)
-extern "C" {
-void* __libc_malloc(size_t size);
-void* __libc_calloc(size_t count, size_t size);
-void* __libc_realloc(void* block, size_t size);
-void __libc_free(void* block);
-}
-
-namespace {
-bool g_Counting = false;
-size_t g_Allocations = 0;
-} // namespace
-
-extern "C" void* malloc(size_t size) {
-    if (g_Counting) ++g_Allocations;
-    return __libc_malloc(size);
-}
-extern "C" void* calloc(size_t count, size_t size) {
-    if (g_Counting) ++g_Allocations;
-    return __libc_calloc(count, size);
-}
-extern "C" void* realloc(void* block, size_t size) {
-    if (g_Counting) ++g_Allocations;
-    return __libc_realloc(block, size);
-}
-extern "C" void free(void* block) {
-    __libc_free(block);
-}
-#define TAVU_BENCH_COUNTS_ALLOCATIONS 1
-#endif
 
 namespace {
 // Resolves every data sequence to the same short status line, and measures

@@ -3,98 +3,69 @@
 #include "TAVUScriptTypes.h"
 #include "TAVUScrollBar.h"
 #include "TAVUSlider.h"
+#include "TAVUTexture.h"
 #include "Words.h"
 
-#include <functional>
+#include <map>
 #include <string>
-#include <vector>
 
-class SliderTypes : public ScriptTypeTest {
-protected:
-    // One request after another on the same object. A member row expects
-    // Get's line; a method row expects its answer and then the state that
-    // State shows. Every name of the type's tables needs a row: a name added
-    // to the type without one fails the count.
-    struct Row {
-        bool IsMember;
-        const char* Name;
-        std::vector<std::string> Args;
-        const char* Expected;
-    };
-    void Walk(RXTypeDefinition* type, void* object, const std::vector<Row>& rows,
-              const std::function<std::string()>& state) {
-        std::vector<std::string> names;
-        for (const Row& row : rows) {
-            SCOPED_TRACE(Words(row.Name, row.Args.size()));
-            if (row.IsMember) {
-                EXPECT_EQ(Get(type, object, row.Name, row.Args), row.Expected);
-                EXPECT_EQ(Member(type, nullptr, row.Name, row.Args), 0); // no object
-            } else {
-                int answer = Method(type, object, row.Name, row.Args); // before the state
-                EXPECT_EQ(Words(answer, state()), row.Expected);
-                EXPECT_EQ(Method(type, nullptr, row.Name, row.Args), 0);
-            }
-            std::string name = row.Name;
-            if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
-        }
-        EXPECT_EQ(names.size(), size_t(type->Members.Count() + type->Methods.Count()));
-    }
-    template <class T> T* Make(const char* type, const char* name) {
-        return static_cast<T*>(g_UIManager.LoadElement(g_UIManager.Screen, type, name));
-    }
-};
+class SliderTypes : public ScriptTypeTest {};
 
-TEST_F(SliderTypes, SliderAnswersEveryNameOfItsTables) {
-    auto* slider = Make<TAVUSlider>("variableslider", "Volume");
+// Every name of both types' tables, asked in order of a real control, then of
+// no object, and a method also without its argument. What the answers do is
+// compared end to end (tavuhost's sliders case). A name added to a type
+// without a row here fails the count.
+TEST_F(SliderTypes, EachTypeAnswersEveryNameOfItsTables) {
+    TAVUElement* screen = g_UIManager.Screen;
+    auto* slider = static_cast<TAVUSlider*>(g_UIManager.LoadElement(screen, "variableslider", "S"));
+    auto* bar = static_cast<TAVUScrollBar*>(g_UIManager.LoadElement(screen, "scrollbar", "B"));
     ASSERT_EQ(slider->GetRXType(), pTAVUSliderType); // the variable form shares the type
-    slider->Width = 105;
-    slider->Range = 10;
-    slider->SetValue(4);
-    slider->Vertical = true;
-    ASSERT_TRUE(slider->TextureFromArgs(1, std::vector<char*>{(char*)"<T Filename=\"#t\"/>"}.data(),
-                                        &slider->Texture));
-    auto state = [&] { return Words(slider->Range, slider->Value); };
-    Walk(pTAVUSliderType, slider,
-         {
-             {true, "Border", {}, "0"}, // a name of its own with no answer: no climb
-             {true, "Range", {}, "1 10"},
-             {true, "Value", {}, "1 4"},
-             {true, "Vertical", {}, "1 TRUE"},
-             {true, "Texture", {}, "1 tavutexture"},
-             {true, "HandleTexture", {}, "0"}, // none
-             {false, "SetRange", {}, "0 10 4"},
-             {false, "SetRange", {"3"}, "1 3 3"}, // clamps the value
-             {false, "SetValue", {"-1"}, "1 3 3"},
-             {false, "SetValue", {"abc"}, "1 3 0"},
-             {false, "SetValue", {}, "0 3 0"},
-             {false, "SetRange", {"-3"}, "1 4294967293 0"},
-         },
-         state);
-    EXPECT_EQ(Get(pTAVUSliderType, slider, "X"), "1 0"); // other names climb to tavuelement
-}
-
-TEST_F(SliderTypes, ScrollBarAnswersEveryNameOfItsTables) {
-    auto* bar = Make<TAVUScrollBar>("scrollbar", "Bar");
+    slider->Texture = TAVUTexture::New("#track");
+    slider->HandleTexture = TAVUTexture::New("#knob");
     _CreateScrollBar create;
     create.Range = 10;
     create.Vertical = true;
     bar->Create(create, nullptr);
-    auto state = [&] { return Words(bar->Range, bar->GetValue()); };
-    Walk(pTAVUScrollBarType, bar,
-         {
-             {false, "SetValue", {"12"}, "1 10 10"},
-             {true, "Value", {}, "1 10"},
-             {true, "Range", {}, "1 10"},
-             {true, "Vertical", {}, "1 TRUE"},
-             {false, "LowerValue", {"3"}, "1 10 7"},
-             {false, "LowerValue", {"x"}, "1 10 7"},
-             {false, "RaiseValue", {"2"}, "1 10 9"},
-             {false, "RaiseValue", {}, "0 10 9"},
-             {false, "SetRange", {"4"}, "1 4 4"},
-             {false, "LowerValue", {"-1"}, "1 4 0"},
-         },
-         state);
+    const struct {
+        RXTypeDefinition* Type;
+        bool IsMethod;
+        const char* Name;
+        const char* Expected; // Get's line, or a method's answer
+    } rows[] = {
+        {pTAVUSliderType, false, "Border", "0"}, // a name of its own with no answer
+        {pTAVUSliderType, false, "Range", "1 100"},
+        {pTAVUSliderType, false, "Value", "1 0"},
+        {pTAVUSliderType, false, "Vertical", "1 FALSE"},
+        {pTAVUSliderType, false, "Texture", "1 tavutexture"},
+        {pTAVUSliderType, false, "HandleTexture", "1 tavutexture"},
+        {pTAVUSliderType, true, "SetValue", "1"},
+        {pTAVUSliderType, true, "SetRange", "1"},
+        {pTAVUScrollBarType, true, "SetValue", "1"},
+        {pTAVUScrollBarType, false, "Value", "1 8"},
+        {pTAVUScrollBarType, false, "Range", "1 10"},
+        {pTAVUScrollBarType, false, "Vertical", "1 TRUE"},
+        {pTAVUScrollBarType, true, "RaiseValue", "1"},
+        {pTAVUScrollBarType, true, "LowerValue", "1"},
+        {pTAVUScrollBarType, true, "SetRange", "1"},
+    };
+    std::map<RXTypeDefinition*, int> names;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Name);
+        void* object = row.Type == pTAVUSliderType ? static_cast<void*>(slider) : bar;
+        ++names[row.Type];
+        if (row.IsMethod) {
+            EXPECT_EQ(Words(Method(row.Type, object, row.Name, {"8"})), row.Expected);
+            EXPECT_EQ(Method(row.Type, object, row.Name), 0);
+            EXPECT_EQ(Method(row.Type, nullptr, row.Name, {"8"}), 0);
+        } else {
+            EXPECT_EQ(Get(row.Type, object, row.Name), row.Expected);
+            EXPECT_EQ(Member(row.Type, nullptr, row.Name), 0);
+        }
+    }
+    for (const auto& [type, count] : names)
+        EXPECT_EQ(count, type->Members.Count() + type->Methods.Count()) << type->TypeName;
+    EXPECT_EQ(Words(slider->Range, slider->Value, bar->GetValue(), bar->Range),
+              "8 8 2 8");          // bar: 8, 10, 2
     bar->DeleteChild(bar->Slider); // a scroll bar that lost its slider reads 0
     EXPECT_EQ(Get(pTAVUScrollBarType, bar, "Value"), "1 0");
-    EXPECT_EQ(Method(pTAVUScrollBarType, bar, "SetValue", {"3"}), 1);
 }

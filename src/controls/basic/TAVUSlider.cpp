@@ -82,20 +82,22 @@ void TAVUSlider::Create(_CreateSlider& create, XMLNode* templateNode) {
     ReplaceTexture(HandleTexture, TextureFromXML(templateNode, "HandleTexture", nullptr));
 }
 
-unsigned TAVUSlider::HandleNeed() const {
-    return (Vertical ? HandleHeight : HandleWidth) + 2 * Border;
+bool TAVUSlider::Travel(unsigned& track) {
+    unsigned need = (Vertical ? HandleHeight : HandleWidth) + 2 * Border;
+    int length = Vertical ? Height : Width;
+    if (int64_t(need) > length) {
+        HandlePosition = 0;
+        return false;
+    }
+    track = unsigned(length) - need;
+    return true;
 }
 
 void TAVUSlider::SetValue(unsigned value) {
     unsigned old = Value;
     Value = std::min(Range, value);
-    unsigned need = HandleNeed();
-    int length = Vertical ? Height : Width;
-    if (int64_t(need) > length) {
-        HandlePosition = 0;
-        return;
-    }
-    unsigned track = unsigned(length) - need;
+    unsigned track = 0;
+    if (!Travel(track)) return;
     if (Range == 0)
         HandlePosition = 0;
     else if (Vertical)
@@ -109,14 +111,8 @@ void TAVUSlider::SetValue(unsigned value) {
 }
 
 void TAVUSlider::SetPosition(unsigned position) {
-    unsigned need = HandleNeed();
-    int length = Vertical ? Height : Width;
-    if (int64_t(need) > length) {
-        HandlePosition = 0;
-        return;
-    }
-    unsigned track = unsigned(length) - need;
-    if (track == 0) return;
+    unsigned track = 0;
+    if (!Travel(track) || track == 0) return;
     unsigned scaled = ScaleTruncated(std::min(position, track), track, Range);
     SetValue(Vertical ? Range - scaled : scaled);
 }

@@ -54,8 +54,9 @@ public:
     bool Dragging = false;
 
 private:
-    // The pixels along the track that the handle and its borders need.
-    unsigned HandleNeed() const;
+    // The handle's travel in pixels. False, with the handle pinned at the
+    // start, when the slider is too short for the handle and its borders.
+    bool Travel(unsigned& track);
     // The handle position under the pointer, 0 before the start of the travel.
     unsigned PositionUnder(const _Point2i& point) const;
 };
