@@ -151,7 +151,7 @@ void TAVUTextEntry::ReplaceText(const char* text, size_t maxBytes) {
     if (!Text) return;
     size_t length = text ? strnlen(text, maxBytes) : 0;
     if (length > Allocated) length = Allocated;
-    memcpy(Text, text, length);
+    if (length) memcpy(Text, text, length);
     Text[length] = 0;
     Length = Caret = length;
 }
@@ -233,15 +233,20 @@ void TAVUTextEntry::PasteBytes(bool linesEnter) {
     std::string text = ClipboardText();
     TAVUElementWatch watch(this);
     for (size_t i = 0; i < text.size() && watch.Alive(); ++i) {
-        char c = text[i];
-        if (c == 8)
+        switch (text[i]) {
+        case 8:
             HandleBackspace();
-        else if (c == 127)
+            break;
+        case 127:
             HandleDelete();
-        else if (c == '\n' || c == '\r') {
+            break;
+        case '\n':
+        case '\r':
             if (linesEnter) HandleEnter();
-        } else
-            InsertCharacter(c);
+            break;
+        default:
+            InsertCharacter(text[i]);
+        }
     }
 }
 
@@ -375,54 +380,72 @@ void TAVUTextEntry::DrawBackground(tagRECT& rect) {
 }
 
 // The repeat of a held key counts from the planned time, not from now, so
-// that a slow frame does not slow the repeat down.
-bool TAVUTextEntry::RenderCustom() {
-    if (RepeatKey && IsFocus()) {
-        unsigned planned = NextRepeat;
-        if (GetTickCount() > planned) {
-            TAVUElementWatch watch(this);
-            OnKeyDown(RepeatKey);
-            if (!watch.Alive()) return false;
-            NextRepeat = planned + g_UIManager.KeyRepeatInterval;
-        }
-    } else if (RepeatKey) {
+// that a slow frame does not slow the repeat down. False when the repeated
+// key's handling deleted the entry.
+bool TAVUTextEntry::RepeatHeldKey() {
+    if (!RepeatKey) return true;
+    if (!IsFocus()) {
         RepeatKey = 0;
+        return true;
     }
+    unsigned planned = NextRepeat;
+    if (GetTickCount() <= planned) return true;
+    TAVUElementWatch watch(this);
+    OnKeyDown(RepeatKey);
+    if (!watch.Alive()) return false;
+    NextRepeat = planned + g_UIManager.KeyRepeatInterval;
+    return true;
+}
+
+bool TAVUTextEntry::RenderCustom() {
+    if (!RepeatHeldKey()) return false;
     tagRECT rect = TAVUControlHelpers::ScreenRect(this);
     DrawBackground(rect);
     rect.left = WrapAdd(rect.left, kInset);
     rect.right = WrapSubtract(rect.right, kInset);
     if (ScrollOffset > Length) ScrollOffset = Length;
-
-    std::string shown = PasswordCharacter ? std::string(Length, PasswordCharacter)
-                                          : std::string(Text ? Text : "", Length);
+    char mask[LargestMaxLength + 1];
+    const char* shown = ShownText(mask);
     int y = WrapAdd(rect.top, 1);
-    bool focused = IsFocus();
-    if (shown.empty()) {
-        if (focused) DrawFocusedText("", rect, y);
+    if (!shown[0]) {
+        if (IsFocus()) DrawFocusedText(shown, rect, y);
         return true;
     }
-    if (ScrollOffset + kCaretMargin > Caret) {
-        ScrollOffset = Caret > kCaretMargin ? Caret - kCaretMargin : 0;
-    } else if (Caret > kCaretMargin &&
-               TextWidth(shown.c_str() + ScrollOffset) + TextWidth(" ") >= unsigned(Width)) {
-        size_t fit =
-            Font ? Font->GetCharByOffset(shown.c_str() + ScrollOffset, unsigned(Width)) : 0;
-        // Wraps below zero for a caret far right of the shown part; the
-        // next frame cuts the offset back to the text.
-        if (ScrollOffset < Caret && Caret - ScrollOffset + 1 > fit)
-            ScrollOffset = ScrollOffset + kCaretMargin + fit - Caret;
-    }
-    if (focused)
-        DrawFocusedText(shown.c_str(), rect, y);
+    ScrollToCaret(shown);
+    if (IsFocus())
+        DrawFocusedText(shown, rect, y);
     else
-        DrawTextClipped(Font, shown.c_str() + (ScrollOffset < Length ? ScrollOffset : Length),
-                        rect.left, y);
+        DrawTextClipped(Font, shown + (ScrollOffset < Length ? ScrollOffset : Length), rect.left,
+                        y);
     return true;
 }
 
+// The text as drawn: the mask character once for every byte, else the text.
+const char* TAVUTextEntry::ShownText(char* mask) {
+    if (!PasswordCharacter) return Text ? Text : "";
+    memset(mask, PasswordCharacter, Length);
+    mask[Length] = 0;
+    return mask;
+}
+
+// Keeps the caret a few bytes from the left edge of the shown part and, in a
+// text wider than the box, from its right edge. A caret far right of the
+// shown part wraps the offset below zero; the next frame cuts it back to the
+// text, and the drawing in between starts at the caret.
+void TAVUTextEntry::ScrollToCaret(const char* shown) {
+    if (ScrollOffset + kCaretMargin > Caret) {
+        ScrollOffset = Caret > kCaretMargin ? Caret - kCaretMargin : 0;
+        return;
+    }
+    if (Caret <= kCaretMargin || !Font) return;
+    if (TextWidth(shown + ScrollOffset) + TextWidth(" ") < unsigned(Width)) return;
+    size_t fit = Font->GetCharByOffset(shown + ScrollOffset, unsigned(Width));
+    if (ScrollOffset < Caret && Caret - ScrollOffset + 1 > fit)
+        ScrollOffset = ScrollOffset + kCaretMargin + fit - Caret;
+}
+
 // The part left of the caret, the caret box, then the rest of the text over
-// the caret. An offset that wrapped this frame shows from the caret.
+// the caret.
 void TAVUTextEntry::DrawFocusedText(const char* shown, const tagRECT& rect, int y) {
     size_t caret = Caret < Length ? Caret : Length;
     size_t start = ScrollOffset < caret ? ScrollOffset : caret;

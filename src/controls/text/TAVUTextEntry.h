@@ -136,6 +136,9 @@ private:
     void ReadKeys(XMLNode* node, XMLNode* templateNode);
     bool TypeKey(unsigned key);
     void MoveFocus();
+    bool RepeatHeldKey();
+    const char* ShownText(char* mask);
+    void ScrollToCaret(const char* shown);
     void DrawBackground(tagRECT& rect);
     void DrawFocusedText(const char* shown, const tagRECT& rect, int y);
     size_t TextWidth(const char* text);
