@@ -9,6 +9,8 @@
 #include "TAVUEmbeddedScript.h"
 #include "TAVUFactory.h"
 
+// The console is a control of its own; an entry built without it still finds
+// its "output" sibling by type word, and has nothing to scroll there.
 #if __has_include("TAVUConsole.h")
 #include "TAVUConsole.h"
 #define TAVU_HAS_CONSOLE 1
