@@ -42,6 +42,8 @@ public:
     bool WritePicture(const std::string& path, std::string& error);
     // Interface and texture files are looked for in these folders, in order.
     void AddSearchFolder(const std::string& folder) { SearchFolders.push_back(folder); }
+    // The console that takes command output now, as the toolkit selected it.
+    const std::string& CurrentConsole() const { return ConsoleName; }
 
     // One frame: the module renders, then the clock moves on by a frame.
     void Frame();

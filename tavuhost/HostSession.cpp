@@ -41,8 +41,12 @@ void PrintLine(const std::string& line) {
 
 HostSession::HostSession(const HostOptions& options)
     : Options(options), Host(Engine, Trace, Module),
-      Objects(Engine, Host.DisplayWidth(), Host.DisplayHeight()) {
-    Engine.SetConsole(PrintLine);
+      Objects(Engine, Host.DisplayWidth(), Host.DisplayHeight()),
+      Consoles(Engine, Host.CurrentConsole()) {
+    Engine.SetConsole([this](const std::string& line) {
+        PrintLine(line);
+        Consoles.Route(line);
+    });
     Host.SetDisplaySize(options.Width, options.Height);
     if (options.Renders()) {
         Renderer = std::make_unique<SoftwareRenderer>(FontLibrary::Create());
@@ -59,6 +63,7 @@ HostSession::HostSession(const HostOptions& options)
 
 HostSession::~HostSession() {
     if (Manager) ManagerAccess::Shutdown(Manager);
+    Engine.SetConsole(PrintLine); // the consoles go before the engine
 }
 
 std::string HostSession::ModulePath() const {

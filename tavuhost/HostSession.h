@@ -11,6 +11,7 @@
 #include "PreviewWindow.h"
 #include "ScriptEngine.h"
 #include "SoftwareRenderer.h"
+#include "ConsoleElements.h"
 #include "ElementModules.h"
 #include "TavukitModule.h"
 #include "TraceWriter.h"
@@ -55,5 +56,6 @@ private:
     PreviewWindow Window;
     HeadlessHost Host;
     HostObjects Objects;
+    ConsoleElements Consoles;
     CUIManager* Manager = nullptr;
 };

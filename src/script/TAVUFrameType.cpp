@@ -24,6 +24,13 @@ const char* const kMemberNames[MemberCount] = {"BackgroundColor", "Border", "Bor
                                                "Texture"};
 const char* const kMethodNames[MethodCount] = {"SetBackgroundColor", "SetBorder", "SetBorderColor",
                                                "SetTexture"};
+
+// A console climbs to this type without being a frame: its fields are not a
+// frame's, so it is refused rather than read as one.
+TAVUFrame* FrameOf(RXObjectData& object) {
+    auto* element = static_cast<TAVUElement*>(object.Value.Pointer);
+    return element && element->IsTypeOf("frame") ? static_cast<TAVUFrame*>(element) : nullptr;
+}
 } // namespace
 
 TAVUFrameType::TAVUFrameType() : TAVUControlType("tavuframe", &pTAVUElementType) {
@@ -37,7 +44,7 @@ RXTypeDefinition* TAVUFrameType::Make() {
 
 bool TAVUFrameType::GetMember(RXObjectData& object, _RXTypeMember* member, int, char*[],
                               _RXTypeVar& result) {
-    auto* frame = static_cast<TAVUFrame*>(object.Value.Pointer);
+    auto* frame = FrameOf(object);
     if (!frame) return false;
     switch (member->ID) {
     case MemberBackgroundColor:
@@ -53,7 +60,7 @@ bool TAVUFrameType::GetMember(RXObjectData& object, _RXTypeMember* member, int, 
 }
 
 bool TAVUFrameType::GetMethod(RXObjectData& object, _RXTypeMember* method, int argc, char* argv[]) {
-    auto* frame = static_cast<TAVUFrame*>(object.Value.Pointer);
+    auto* frame = FrameOf(object);
     if (!frame || method->ID >= MethodCount) return false;
     if (method->ID == MethodSetTexture) return frame->TextureFromArgs(argc, argv, &frame->Texture);
     if (argc < 1) return false;

@@ -3,18 +3,12 @@
 #include "CUIManager.h"
 #include "Module.h"
 #include "StringHelpers.h"
+#include "TAVUConsole.h"
 #include "TAVUConsoleSelector.h"
 #include "TAVUControlHelpers.h"
 #include "TAVUElementWatch.h"
 #include "TAVUEmbeddedScript.h"
 #include "TAVUFactory.h"
-
-// The console is a control of its own; an entry built without it still finds
-// its "output" sibling by type word, and has nothing to scroll there.
-#if __has_include("TAVUConsole.h")
-#include "TAVUConsole.h"
-#define TAVU_HAS_CONSOLE 1
-#endif
 
 #include <cstring>
 #include <optional>
@@ -165,7 +159,6 @@ void TAVUCommandEntry::Complete() {
 void TAVUCommandEntry::ScrollConsole(unsigned key) {
     TAVUElement* output = Parent ? Parent->FindChild("output") : nullptr;
     if (!output || !output->IsTypeOf("console")) return;
-#ifdef TAVU_HAS_CONSOLE
     auto* console = static_cast<TAVUConsole*>(output);
     if (key == KeyPageUp)
         console->HandlePageUp();
@@ -175,5 +168,4 @@ void TAVUCommandEntry::ScrollConsole(unsigned key) {
         console->HandleUp();
     else
         console->HandleDown();
-#endif
 }

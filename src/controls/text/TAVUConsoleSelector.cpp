@@ -2,6 +2,7 @@
 
 #include "HostInterface.h"
 #include "Module.h"
+#include "TAVUConsole.h"
 
 TAVUConsoleSelector::TAVUConsoleSelector(const char* name) {
     // Terminated up front, so a host that writes nothing leaves an empty name
@@ -12,6 +13,9 @@ TAVUConsoleSelector::TAVUConsoleSelector(const char* name) {
     Previous[sizeof(Previous) - 1] = '\0';
     g_pHost->SelectConsole(name ? name : "");
 }
+
+TAVUConsoleSelector::TAVUConsoleSelector(TAVUConsole* console)
+    : TAVUConsoleSelector(console ? console->FullName : nullptr) {}
 
 TAVUConsoleSelector::~TAVUConsoleSelector() {
     if (g_pHost) g_pHost->SelectConsole(Previous);

@@ -6,12 +6,22 @@
 
 #include "TavuExport.h"
 
+#include <cstddef>
+
+class TAVUConsole;
+
 class TAVU_API TAVUConsoleSelector {
 public:
     enum : unsigned { PreviousSize = 1024 };
 
     // Sends output to the console of the given name until this selector ends.
     explicit TAVUConsoleSelector(const char* name);
+    // Sends output to the console element, by its full name; a null console
+    // selects the empty name.
+    explicit TAVUConsoleSelector(TAVUConsole* console);
+    // A bare null is a null name.
+    explicit TAVUConsoleSelector(std::nullptr_t)
+        : TAVUConsoleSelector(static_cast<const char*>(nullptr)) {}
     ~TAVUConsoleSelector();
 
     TAVUConsoleSelector(const TAVUConsoleSelector&) = delete;
