@@ -29,10 +29,6 @@ void ReplaceTexture(TAVUTexture*& field, TAVUTexture* texture) {
     TAVUTexture::Delete(field);
     field = texture;
 }
-
-bool ReadToggle(XMLNode* node, XMLNode* templateNode, const char* key) {
-    return XMLHelper::GetToggle(node, key, XMLHelper::GetToggle(templateNode, key, false));
-}
 } // namespace
 
 TAVUFactory<TAVUSlider> g_TAVUSliderFactory(kTypeWord);
@@ -53,7 +49,7 @@ TAVUSlider::~TAVUSlider() {
 bool TAVUSlider::FromXML(XMLNode* node, XMLNode* templateNode) {
     templateNode = TAVUControlHelpers::ResolveTemplate(node, templateNode, kTypeWord);
     if (!TAVUElement::FromXML(node, templateNode)) return false;
-    Vertical = ReadToggle(node, templateNode, "Vertical");
+    Vertical = TAVUControlHelpers::ReadToggle(node, templateNode, "Vertical", false);
     Range = TAVUControlHelpers::ReadInt(node, templateNode, "Range", 0);
     Border = TAVUControlHelpers::ReadInt(node, templateNode, "Border", 0);
     ReplaceTexture(Texture, TextureFromXML(node, "Texture", templateNode));

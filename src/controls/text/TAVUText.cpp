@@ -134,7 +134,7 @@ bool TAVUText::FromXML(XMLNode* node, XMLNode* templateNode) {
     if (!TAVUElement::FromXML(node, templateNode)) return false;
     TAVUFont::Delete(Font);
     Font = FontFromXML(node, "Font", templateNode);
-    Wrap = XMLHelper::GetToggle(node, "Wrap", XMLHelper::GetToggle(templateNode, "Wrap", false));
+    Wrap = TAVUControlHelpers::ReadToggle(node, templateNode, "Wrap", false);
     const char* alignment = TAVUControlHelpers::ReadString(node, templateNode, "Alignment");
     if (StrCompareNoCase(alignment, "center") == 0)
         HorizontalAlignment = TAVU_ALIGN_CENTER;
