@@ -219,6 +219,14 @@ TEST_F(ContextMenuTest, SubmenusOpenBesideTheirRowAndCloseAsAChain) {
     EXPECT_EQ(std::tuple(root.Menu, colours.Menu, sizes.Created.size()),
               std::tuple(nullptr, nullptr, 1u));
     EXPECT_NE(sizes.Menu, nullptr);
+
+    // Sizes still names the root as its parent: the root never opens below it.
+    sizes.DestroyMenu(true);
+    sizes.Fill = [&](RecordingHandler& h) { h.AddSubMenu("Back", &root, 0), WindowRows(h); };
+    ClickRow(Open(sizes, 0, 0), 0);
+    EXPECT_EQ(root.Menu, nullptr);
+    ClickRow(sizes.Menu, 1);
+    EXPECT_EQ(sizes.Clicks, std::vector<unsigned>{1});
 }
 
 // A menu may lose its owner or its element at any time, also from its own
