@@ -1,5 +1,7 @@
 #include "ControlTest.h"
 #include "TAVUButton.h"
+#include "TAVUContextMenu.h"
+#include "TAVUContextMenuNode.h"
 #include "TAVUElementWatch.h"
 #include "TAVUText.h"
 #include "TAVUWindow.h"
@@ -43,8 +45,9 @@ protected:
     // "X Y W H" of a 200x120 window at 100,50 (outer 98,48 204x124) after a
     // press at `from`, moves to each point of `to`, and a release.
     void Drag(_Point2i from, std::vector<_Point2i> to) {
+        TavuAdvanceClock(1000); // no press here makes a double click
         RenderFrame();
-        g_UIManager.OnMouseMove(from);
+        MoveTo(from);
         g_UIManager.OnLMouseDown();
         for (_Point2i& point : to)
             g_UIManager.OnMouseMove(point);
@@ -52,6 +55,45 @@ protected:
     }
 
     void Click(_Point2i point) { Drag(point, {}); }
+
+    // The pointer arrives at point from beside it, so that the element under
+    // it is found anew even when it rests there already.
+    static void MoveTo(_Point2i point) {
+        _Point2i beside{point.x + 1, point.y};
+        g_UIManager.OnMouseMove(beside);
+        g_UIManager.OnMouseMove(point);
+    }
+
+    void RightClick(_Point2i point) {
+        TavuAdvanceClock(1000);
+        RenderFrame();
+        MoveTo(point);
+        g_UIManager.OnRMouseDown();
+        g_UIManager.OnRMouseUp();
+    }
+
+    // The open menu's rows as "ID:text", a separator as "ID:-".
+    static std::string Rows(TAVUContextMenu* menu) {
+        std::string rows;
+        for (TAVUContextMenuNode* node = menu->FirstNode; node; node = node->Next) {
+            rows += rows.empty() ? "" : " ";
+            rows += std::to_string(node->ID) + ":";
+            rows += node->NodeType == TAVUContextMenuNode::ItemNode
+                        ? static_cast<TAVUContextMenuItem*>(node)->Text
+                        : "-";
+        }
+        return rows;
+    }
+
+    // Opens the window's menu from its title bar and clicks the row with id.
+    void ChooseFromMenu(TAVUWindow* window, unsigned id) {
+        RightClick({window->X + 52, window->Y + 7}); // on its title bar, wherever it is
+        ASSERT_NE(window->ContextMenu.Menu, nullptr);
+        for (TAVUContextMenuNode* node = window->ContextMenu.Menu->FirstNode; node;
+             node = node->Next)
+            if (node->ID == id) return node->OnClick();
+        FAIL() << "no row " << id;
+    }
 
     TAVUElement* loaded = nullptr;
 };
@@ -268,4 +310,52 @@ TEST_F(WindowTest, AWindowDeletedByItsCloseButtonsClickIsLeftAlone) {
     };
     Click({105, 55});
     EXPECT_FALSE(watch.Alive()); // under ASan: nothing touched it afterwards
+}
+
+TEST_F(WindowTest, TheTitleBarsMenuLocksResetsAndCloses) {
+    TAVUWindow* window =
+        LoadWindow("Menu", "<X>100</X><Y>50</Y><Width>200</Width><Height>120</Height>");
+    ASSERT_NE(window, nullptr);
+    RightClick({150, 55});
+    TAVUContextMenu* menu = window->ContextMenu.Menu;
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(Rows(menu), "1:Lock 2:Reset Position 0:- 3:Close");
+    EXPECT_EQ(std::to_string(menu->X) + " " + std::to_string(menu->Y), "150 55");
+    EXPECT_FALSE(window->ContextMenu.Create(10, 10)); // one menu at a time, left where it is
+    EXPECT_EQ(window->ContextMenu.Menu, menu);
+    window->ContextMenu.DestroyMenu(true);
+    RightClick({150, 120}); // the client is no title bar
+    EXPECT_EQ(window->ContextMenu.Menu, nullptr);
+
+    ChooseFromMenu(window, CWindowContextMenu::ItemLock);
+    EXPECT_TRUE(window->Locked);
+    EXPECT_EQ(window->ContextMenu.Menu, nullptr); // a choice closes the menu
+    RightClick({150, 55});
+    ASSERT_NE(window->ContextMenu.Menu, nullptr) << "a locked window still has its menu";
+    EXPECT_EQ(Rows(window->ContextMenu.Menu).substr(0, 8), "1:Unlock");
+    window->ContextMenu.DestroyMenu(true);
+    Drag({150, 55}, {{300, 300}});
+    EXPECT_EQ(Rect(window), "98 48 204 124") << "locked";
+
+    ChooseFromMenu(window, CWindowContextMenu::ItemLock);
+    EXPECT_FALSE(window->Locked);
+    Drag({150, 55}, {{300, 300}});
+    EXPECT_EQ(Rect(window), "248 293 204 124");
+    ChooseFromMenu(window, CWindowContextMenu::ItemResetPosition);
+    EXPECT_EQ(Rect(window), "98 48 204 124");
+    ChooseFromMenu(window, CWindowContextMenu::ItemClose);
+    EXPECT_FALSE(window->Visible);
+}
+
+TEST_F(WindowTest, AWindowDeletedWithItsMenuOpenTakesTheMenuAlong) {
+    TAVUWindow* window =
+        LoadWindow("Gone", "<X>100</X><Y>50</Y><Width>200</Width><Height>120</Height>");
+    ASSERT_NE(window, nullptr);
+    RightClick({150, 55});
+    ASSERT_NE(window->ContextMenu.Menu, nullptr);
+    TAVUElementWatch menu(window->ContextMenu.Menu);
+    g_UIManager.Screen->DeleteChild(window);
+    EXPECT_FALSE(menu.Alive());
+    RenderFrame(); // under ASan: nothing left that points at the window
+    RightClick({150, 55});
 }

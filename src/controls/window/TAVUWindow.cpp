@@ -72,7 +72,7 @@ void DeleteFromParent(TAVUElement* element) {
 TAVUWindowFactory<TAVUWindow, &pTAVUWindowType> g_TAVUWindowFactory(kTypeWord);
 
 TAVUWindow::TAVUWindow(const char* type, TAVUElement* parent, const char* name)
-    : TAVUFrame(type, parent, name) {}
+    : TAVUFrame(type, parent, name), ContextMenu(this) {}
 
 TAVUWindow::~TAVUWindow() {
     StrFree(Title);
@@ -499,6 +499,7 @@ bool TAVUWindow::OnRMouseDown(_Point2i& point) {
 }
 
 bool TAVUWindow::OnRMouseUp(_Point2i& point) {
+    if (TitleBarHits(point)) ContextMenu.Create(point.x, point.y);
     TAVUElement::OnRMouseUp(point);
     return true;
 }
@@ -526,6 +527,8 @@ void TAVUWindow::OnNotify(TAVUElement* source, unsigned code, size_t) {
         if (code == TAVU_NOTIFY_LEFT_UP) Dragging = false;
         if (code == TAVU_NOTIFY_LEFT_DOWN) StartTitleBarDrag();
         if (code == TAVU_NOTIFY_MOUSE_MOVED && Dragging) DragByTitleBar();
+        if (code == TAVU_NOTIFY_RIGHT_UP)
+            ContextMenu.Create(g_UIManager.MousePosition.x, g_UIManager.MousePosition.y);
         return;
     }
     if (code != TAVU_NOTIFY_LEFT_UP) return;

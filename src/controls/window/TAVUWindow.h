@@ -10,6 +10,7 @@
 // offset): interfaces and stored positions depend on them.
 #pragma once
 
+#include "CWindowContextMenu.h"
 #include "TAVUFrame.h"
 
 class TAVUButton;
@@ -93,6 +94,7 @@ public:
     TAVUButton* MinimizeButton = nullptr;
     TAVUButton* MaximizeButton = nullptr;
     TAVUButton* CloseButton = nullptr;
+    CWindowContextMenu ContextMenu;
 
 private:
     void ReadToggles(XMLNode* node, XMLNode* templateNode, bool withOffsets);
