@@ -11,6 +11,7 @@
 #pragma once
 
 #include "HostInput.h"
+#include "PositionStore.h"
 #include "HostInterface.h"
 #include "HostScriptInterface.h"
 #include "TavukitModule.h"
@@ -42,6 +43,8 @@ public:
     bool WritePicture(const std::string& path, std::string& error);
     // Interface and texture files are looked for in these folders, in order.
     void AddSearchFolder(const std::string& folder) { SearchFolders.push_back(folder); }
+    // Keeps the positions that elements store beside this interface file.
+    void KeepPositionsBeside(const std::string& file) { Positions.KeepBeside(file); }
 
     // One frame: the module renders, then the clock moves on by a frame.
     void Frame();
@@ -136,6 +139,7 @@ private:
     int Type(int argc, char* argv[]);
     int Screenshot(int argc, char* argv[]);
     int Exit(int argc, char* argv[]);
+    int PositionsCommand(int argc, char* argv[]);
 
     bool FindFile(const char* name, char* output, size_t size);
     std::string Describe(const _RXTypeVar* value);
@@ -148,6 +152,7 @@ private:
     uint64_t Width = 800;
     uint64_t Height = 600;
     std::vector<std::string> SearchFolders;
+    PositionStore Positions;
     std::map<unsigned, std::string> Fonts;
     std::map<unsigned, Texture> Textures;
     unsigned NextFont = 1;
