@@ -359,3 +359,62 @@ TEST_F(WindowTest, AWindowDeletedWithItsMenuOpenTakesTheMenuAlong) {
     RenderFrame(); // under ASan: nothing left that points at the window
     RightClick({150, 55});
 }
+
+TEST_F(WindowTest, CodeMakesAWindowFromARecordTitledByItsNodeOrName) {
+    auto* window =
+        static_cast<TAVUWindow*>(g_UIManager.LoadElement(g_UIManager.Screen, "window", "Made"));
+    ASSERT_NE(window, nullptr);
+    _CreateWindow create;
+    create.X = 10, create.Y = 20, create.Width = 100, create.Height = 50;
+    create.Border = 1;
+    create.Flags = TAVUWindow::FlagWidthResizable;
+    create.Title = "Never shown";
+    window->Create(create,
+                   Parse("<window><OffsetTitleBarHeight>1</OffsetTitleBarHeight></window>"));
+    // A border of 3 for the resizable window, and the title bar's 20 on top.
+    EXPECT_EQ(Rect(window), "7 17 106 76");
+    EXPECT_EQ(window->Flags, 1u | 2u | 8u | 64u);
+    EXPECT_STRCASEEQ(window->Title, "Made");
+    int x, y;
+    unsigned width, height;
+    window->GetStoragePosition(x, y, width, height);
+    EXPECT_EQ(std::to_string(x) + " " + std::to_string(y) + " " + std::to_string(width) + " " +
+                  std::to_string(height),
+              "10 20 100 50"); // the record's rectangle again
+}
+
+TEST_F(WindowTest, APressRaisesTheWindowAndFocusesItsClickFocus) {
+    TAVUWindow* below = LoadWindow("Below", "<X>100</X><Y>50</Y><Width>200</Width>"
+                                            "<Height>120</Height><ClickFocus>Field</ClickFocus>"
+                                            "<Children><frame Name=\"Field\"/></Children>");
+    TAVUWindow* above = LoadWindow("Above", "<X>250</X><Y>100</Y><Width>200</Width>"
+                                            "<Height>120</Height>");
+    ASSERT_TRUE(below && above);
+    ASSERT_EQ(g_UIManager.Screen->LastChild, above);
+    Click({150, 60});
+    EXPECT_EQ(g_UIManager.Screen->LastChild, below);
+    EXPECT_EQ(g_UIManager.GetFocusElement(), below->FindChild("Field"));
+    // A wheel over a client that lets both buttons through goes on beneath.
+    RenderFrame();
+    MoveTo({150, 120});
+    EXPECT_TRUE(g_UIManager.OnMouseWheel(1));
+    below->Client->LeftClickThru = below->Client->RightClickThru = true;
+    EXPECT_FALSE(below->OnMouseWheel(1));
+}
+
+TEST_F(WindowTest, PartsThatScriptsDeleteAreForgotten) {
+    TAVUWindow* window =
+        LoadWindow("Parts", "<X>100</X><Y>50</Y><Width>200</Width><Height>120</Height>");
+    ASSERT_NE(window, nullptr);
+    window->Client->Parent->DeleteChild(window->Client);
+    window->CloseButton->Parent->DeleteChild(window->CloseButton);
+    EXPECT_EQ(window->Client, nullptr);
+    EXPECT_EQ(window->CloseButton, nullptr);
+    window->TitleBar->Parent->DeleteChild(window->TitleBar);
+    EXPECT_TRUE(!window->TitleBar && !window->TitleText && !window->MinimizeButton);
+    window->Minimize(true); // under ASan: nothing left that points at a deleted part
+    window->SetTitle("Still here");
+    RenderFrame();
+    Drag({99, 100}, {{150, 150}}); // by the body's border band
+    EXPECT_EQ(Rect(window), "149 98 204 124");
+}
