@@ -404,35 +404,39 @@ bool TAVUWindow::OnMouseMove(_Point2i& point) {
 // stop at the minimum.
 void TAVUWindow::ResizeStep(_Point2i& point) {
     int dx = WrapSubtract(point.x, LastMouse.x), dy = WrapSubtract(point.y, LastMouse.y);
-    if (ResizeEdges & EdgeLeft) {
-        X = WrapAdd(X, dx);
-        Width = WrapSubtract(Width, dx);
-        XPosition.Type = WidthPosition.Type = ElementPosition::Absolute;
-    }
-    if ((ResizeEdges & EdgeRight) && point.x > WrapAdd(int(MinWidth), AbsolutePosition.x)) {
-        Width = WrapAdd(Width, dx);
-        WidthPosition.Type = ElementPosition::Absolute;
-    }
-    if (ResizeEdges & EdgeTop) {
-        Y = WrapAdd(Y, dy);
-        Height = WrapSubtract(Height, dy);
-        YPosition.Type = HeightPosition.Type = ElementPosition::Absolute;
-    }
-    if ((ResizeEdges & EdgeBottom) && point.y > WrapAdd(int(MinHeight), AbsolutePosition.y)) {
-        Height = WrapAdd(Height, dy);
-        HeightPosition.Type = ElementPosition::Absolute;
-    }
+    if (ResizeEdges & EdgeLeft) DragNearEdge(X, XPosition, Width, WidthPosition, dx);
+    if (ResizeEdges & EdgeRight)
+        DragFarEdge(Width, WidthPosition, dx, point.x > WrapAdd(int(MinWidth), AbsolutePosition.x));
+    if (ResizeEdges & EdgeTop) DragNearEdge(Y, YPosition, Height, HeightPosition, dy);
+    if (ResizeEdges & EdgeBottom)
+        DragFarEdge(Height, HeightPosition, dy,
+                    point.y > WrapAdd(int(MinHeight), AbsolutePosition.y));
     if (Width < int(MinWidth)) Width = int(MinWidth);
     if (Height < int(MinHeight)) Height = int(MinHeight);
     OnResize();
     LastMouse = point;
 }
 
+void TAVUWindow::DragNearEdge(int& place, ElementPosition& placeMode, int& size,
+                              ElementPosition& sizeMode, int delta) {
+    place = WrapAdd(place, delta);
+    size = WrapSubtract(size, delta);
+    placeMode.Type = sizeMode.Type = ElementPosition::Absolute;
+}
+
+// Only while the pointer is past the minimum from the window's near side.
+void TAVUWindow::DragFarEdge(int& size, ElementPosition& sizeMode, int delta, bool pastMinimum) {
+    if (!pastMinimum) return;
+    size = WrapAdd(size, delta);
+    sizeMode.Type = ElementPosition::Absolute;
+}
+
 // A body drag snaps an edge that comes within the margin of the parent's.
 void TAVUWindow::SnapBody(int& position, int size, int parentSize) {
     if (position >= SnapMargin) {
-        int far = WrapAdd(size, position);
-        if (WrapAdd(far, SnapMargin) > parentSize && WrapSubtract(far, SnapMargin) < parentSize)
+        int farEdge = WrapAdd(size, position);
+        if (WrapAdd(farEdge, SnapMargin) > parentSize &&
+            WrapSubtract(farEdge, SnapMargin) < parentSize)
             position = WrapSubtract(parentSize, size);
     } else if (position > -SnapMargin) {
         position = 0;

@@ -113,4 +113,7 @@ private:
     static void SnapTitleBar(int& position, int size, int parentSize, int nearKeep);
     void ForgetPart(TAVUElement* part);
     void ResizeStep(_Point2i& point);
+    static void DragNearEdge(int& place, ElementPosition& placeMode, int& size,
+                             ElementPosition& sizeMode, int delta);
+    static void DragFarEdge(int& size, ElementPosition& sizeMode, int delta, bool pastMinimum);
 };

@@ -4,40 +4,25 @@
 // the window: the node's "Children" then load into the client, and the
 // client's OnCreate lays the window out again once they exist. The window
 // itself has had its OnCreate and "OnLoad" by then. A window without a
-// client makes the load fail, though the window stays.
+// client makes the load fail, though the window stays. Made without a file,
+// a window is given as it is.
 #pragma once
 
-#include "CUIManager.h"
-#include "TAVUElementFactory.h"
 #include "TAVUEmbeddedScript.h"
+#include "TAVUFactory.h"
 
 class RXTypeDefinition;
 
-template <class T, RXTypeDefinition** scriptType>
-class TAVUWindowFactory : public TAVUElementFactory {
+template <class T, RXTypeDefinition** scriptType> class TAVUWindowFactory : public TAVUFactory<T> {
 public:
-    explicit TAVUWindowFactory(const char* name, unsigned version = CUIManager::Version) {
-        Register(name, version);
-    }
-    ~TAVUWindowFactory() = default;
+    explicit TAVUWindowFactory(const char* name) : TAVUFactory<T>(name) {}
 
-    TAVUElement* CreateUIElement(TAVUElement* parent, const char* name) override {
-        T* window = new T(TypeName, parent, name);
-        Elements[window] = 1;
-        return window;
-    }
-
+    using TAVUFactory<T>::CreateUIElement;
     TAVUElement* CreateUIElement(TAVUElement* parent, const char* name, XMLNode* node,
                                  const char* templateName) override {
-        T* window = new T(TypeName, parent, name);
-        if (!window->FromXML(node, g_UIManager.FindTemplate(templateName))) {
-            if (parent)
-                parent->DeleteChild(window);
-            else
-                delete window;
-            return nullptr;
-        }
-        Elements[window] = 1;
+        auto* window =
+            static_cast<T*>(TAVUFactory<T>::CreateUIElement(parent, name, node, templateName));
+        if (!window) return nullptr;
         unsigned id = window->ID;
         window->OnCreate();
         if (window->OnLoad) window->OnLoad->Execute(0, nullptr);
