@@ -58,26 +58,3 @@ TEST_F(WindowTypes, EachNameOfTheTablesAnswers) {
     // The frame's vocabulary through the fallback.
     EXPECT_EQ(Get(pTAVUWindowType, window, "Border"), "1 0");
 }
-
-TEST_F(WindowTypes, TheMinimiseMethodsFollowTheTitleBar) {
-    g_UIManager.AddTemplate("window", "<Template><Border>1</Border><TitleBar><Width>50</Width>"
-                                      "<Height>10</Height></TitleBar></Template>");
-    g_UIManager.LoadElement(g_UIManager.Screen, "window", "Box",
-                            Parse("<window><Width>100</Width><Height>80</Height></window>"),
-                            nullptr);
-    auto* window = static_cast<TAVUWindow*>(g_UIManager.Screen->FindChild("Box"));
-    ASSERT_NE(window, nullptr);
-    const std::pair<const char*, const char*> steps[] = {
-        {"Minimize", "1 52 12"},
-        {"Unminimize", "0 102 82"},
-        {"ToggleMinimize", "1 52 12"},
-        {"ToggleMinimize", "0 102 82"},
-    };
-    for (const auto& [method, after] : steps) {
-        EXPECT_EQ(Method(pTAVUWindowType, window, method), 1);
-        EXPECT_EQ(std::to_string(window->Minimized) + " " + std::to_string(window->Width) + " " +
-                      std::to_string(window->Height),
-                  after)
-            << method;
-    }
-}
