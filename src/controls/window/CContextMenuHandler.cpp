@@ -42,29 +42,28 @@ void CContextMenuHandler::OnMenuDestroyed() {
 }
 
 bool CContextMenuHandler::Create(int x, int y) {
-    if (Menu || !OpenMenu(x, y)) return false;
-    OnCreate(0);
-    if (Menu) g_UIManager.SetFocusElement(Menu);
-    return true;
+    return !Menu && OpenMenu(x, y, 0);
 }
 
+// A handler that is already among the parent's parents does not open: the
+// chain would lead back to itself, and closing it would never end.
 bool CContextMenuHandler::CreateSubMenu(CContextMenuHandler* parent, unsigned itemId, int x,
                                         int y) {
     if (Menu || !parent) return false;
+    for (CContextMenuHandler* above = parent; above; above = above->ParentHandler)
+        if (above == this) return false;
     ParentHandler = parent;
     // Replacing an open submenu closes the parent's menu as well: only the
     // new submenu stays on the screen. Interfaces rely on this.
     if (parent->ChildHandler) parent->DestroyMenu(false);
     parent->ChildHandler = this;
-    if (!OpenMenu(x, y)) return false;
-    OnCreate(itemId);
-    if (Menu) g_UIManager.SetFocusElement(Menu);
-    return true;
+    return OpenMenu(x, y, itemId);
 }
 
 // The menu element, named uniquely for the run after the ID it is about to
-// take, with the template's looks, at x, y.
-bool CContextMenuHandler::OpenMenu(int x, int y) {
+// take, with the template's looks, at x, y; then the owner fills it, and it
+// takes the keyboard focus.
+bool CContextMenuHandler::OpenMenu(int x, int y, unsigned parentItemId) {
     TAVUScreen* screen = g_UIManager.Screen;
     if (!screen) return false;
     char name[512];
@@ -73,6 +72,8 @@ bool CContextMenuHandler::OpenMenu(int x, int y) {
     Menu->SetUp(this, Template);
     Menu->X = x;
     Menu->Y = y;
+    OnCreate(parentItemId);
+    if (Menu) g_UIManager.SetFocusElement(Menu);
     return true;
 }
 

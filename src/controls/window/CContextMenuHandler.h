@@ -31,7 +31,8 @@ public:
     bool Create(int x, int y);
     // Opens this handler's menu as the submenu of parent's row itemId. When
     // parent already has a submenu open, parent's whole menu closes first and
-    // only the new submenu stays.
+    // only the new submenu stays. False when this menu is open, or when this
+    // handler already leads to parent.
     bool CreateSubMenu(CContextMenuHandler* parent, unsigned itemId, int x, int y);
 
     // Rows go into the open menu only (0 when none is open), so add them from
@@ -59,7 +60,7 @@ private:
     CContextMenuHandler(const CContextMenuHandler&) = delete;
     CContextMenuHandler& operator=(const CContextMenuHandler&) = delete;
 
-    bool OpenMenu(int x, int y);
+    bool OpenMenu(int x, int y, unsigned parentItemId);
     void ForgetAsParent();
 
     // Every live handler, so that a handler that dies is forgotten by the
