@@ -1,5 +1,6 @@
 #include "HeadlessHost.h"
 
+#include "ElementAccess.h"
 #include "HostText.h"
 #include "ImageSize.h"
 #include "KeyNames.h"
@@ -57,7 +58,8 @@ HeadlessHost::HeadlessHost(ScriptEngine& engine, TraceWriter& trace, TavukitModu
 }
 
 HeadlessHost::~HeadlessHost() {
-    for (const char* name : {"wait", "waitframe", "mouse", "key", "type", "screenshot", "exit"})
+    for (const char* name :
+         {"wait", "waitframe", "mouse", "key", "type", "screenshot", "exit", "positions"})
         Engine.RemoveCommand(name);
 }
 
@@ -111,7 +113,7 @@ void HeadlessHost::RegisterCommands() {
         {"wait", &HeadlessHost::WaitCommand}, {"waitframe", &HeadlessHost::WaitFrameCommand},
         {"mouse", &HeadlessHost::Mouse},      {"key", &HeadlessHost::Key},
         {"type", &HeadlessHost::Type},        {"screenshot", &HeadlessHost::Screenshot},
-        {"exit", &HeadlessHost::Exit},
+        {"exit", &HeadlessHost::Exit},        {"positions", &HeadlessHost::PositionsCommand},
     };
     for (const Entry& entry : commands) {
         auto handler = entry.Handler;
@@ -514,13 +516,29 @@ bool HeadlessHost::OpenClipboard() {
 #endif
 }
 
-// A headless run starts afresh every time, so positions are not kept.
-void HeadlessHost::StoreElementPosition(TAVUElement*) {
+// Positions are kept for the run only, in the file of the store.
+void HeadlessHost::StoreElementPosition(TAVUElement* element) {
     Trace.Write("StoreElementPosition", {});
+    StoredPosition position;
+    if (ElementAccess::StoragePosition(element, position))
+        Positions.Store(ElementAccess::FullName(element), position);
 }
 
-void HeadlessHost::RestoreElementPosition(TAVUElement*) {
+void HeadlessHost::RestoreElementPosition(TAVUElement* element) {
     Trace.Write("RestoreElementPosition", {});
+    StoredPosition position;
+    if (Positions.Find(ElementAccess::FullName(element), position))
+        ElementAccess::Place(element, position);
+}
+
+int HeadlessHost::PositionsCommand(int argc, char*[]) {
+    if (argc != 1) {
+        Engine.Print("Syntax: positions");
+        return -1;
+    }
+    for (const std::string& line : Positions.Lines())
+        Engine.Print(line);
+    return 0;
 }
 
 bool HeadlessHost::GetKeyName(unsigned key, char* output, size_t size) {

@@ -11,6 +11,7 @@
 #pragma once
 
 #include "HostInput.h"
+#include "PositionStore.h"
 #include "HostInterface.h"
 #include "HostScriptInterface.h"
 #include "TavukitModule.h"
@@ -44,6 +45,8 @@ public:
     void AddSearchFolder(const std::string& folder) { SearchFolders.push_back(folder); }
     // The console that takes command output now, as the toolkit selected it.
     const std::string& CurrentConsole() const { return ConsoleName; }
+    // Keeps the positions that elements store beside this interface file.
+    void KeepPositionsBeside(const std::string& file) { Positions.KeepBeside(file); }
 
     // One frame: the module renders, then the clock moves on by a frame.
     void Frame();
@@ -138,6 +141,7 @@ private:
     int Type(int argc, char* argv[]);
     int Screenshot(int argc, char* argv[]);
     int Exit(int argc, char* argv[]);
+    int PositionsCommand(int argc, char* argv[]);
 
     bool FindFile(const char* name, char* output, size_t size);
     std::string Describe(const _RXTypeVar* value);
@@ -150,6 +154,7 @@ private:
     uint64_t Width = 800;
     uint64_t Height = 600;
     std::vector<std::string> SearchFolders;
+    PositionStore Positions;
     std::map<unsigned, std::string> Fonts;
     std::map<unsigned, Texture> Textures;
     unsigned NextFont = 1;

@@ -128,6 +128,7 @@ bool HostSession::LoadModule() {
 }
 
 bool HostSession::LoadFiles() {
+    if (!Options.Files.empty()) Host.KeepPositionsBeside(Options.Files.front());
     bool loaded = true;
     for (const std::string& file : Options.Files)
         if (!Module.LoadInterfaceXML(file.c_str())) {

@@ -186,25 +186,29 @@ void TAVUElement::RenderChildren() {
             child = child->Next;
             continue;
         }
-        unsigned id = child->ID;
-        unsigned destroyed = TAVUElementWatch::Destroyed;
-        child->AbsolutePosition = position;
-        if (child->OnRender) child->OnRender->Execute(0, nullptr);
-        if (!StillExists(id, destroyed)) return;
-        if (child->FadeDelay != 0) {
-            bool over = child->HitTest(g_UIManager.MousePosition);
-            if (child->FadeState == TAVU_FADE_NORMAL && !over) {
-                child->FadeState = TAVU_FADE_DELAYING;
-                child->FadeStart = g_UIManager.FrameTime;
-            } else if (child->FadeState != TAVU_FADE_NORMAL && over) {
-                child->FadeState = TAVU_FADE_NORMAL;
-            }
-        }
-        child->CurrentAlpha = child->GetCurrentAlpha() * CurrentAlpha;
-        child->Render();
-        if (!StillExists(id, destroyed)) return;
+        if (!RenderChild(child, position)) return;
         child = child->Next;
     }
+}
+
+bool TAVUElement::RenderChild(TAVUElement* child, const _Point2i& position) {
+    unsigned id = child->ID;
+    unsigned destroyed = TAVUElementWatch::Destroyed;
+    child->AbsolutePosition = position;
+    if (child->OnRender) child->OnRender->Execute(0, nullptr);
+    if (!StillExists(id, destroyed)) return false;
+    if (child->FadeDelay != 0) {
+        bool over = child->HitTest(g_UIManager.MousePosition);
+        if (child->FadeState == TAVU_FADE_NORMAL && !over) {
+            child->FadeState = TAVU_FADE_DELAYING;
+            child->FadeStart = g_UIManager.FrameTime;
+        } else if (child->FadeState != TAVU_FADE_NORMAL && over) {
+            child->FadeState = TAVU_FADE_NORMAL;
+        }
+    }
+    child->CurrentAlpha = child->GetCurrentAlpha() * CurrentAlpha;
+    child->Render();
+    return StillExists(id, destroyed);
 }
 
 void TAVUElement::Show(bool show) {

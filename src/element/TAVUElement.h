@@ -221,6 +221,12 @@ public:
     float CurrentAlpha = 1.0f;
     _Point2i AbsolutePosition{0, 0};
 
+protected:
+    // Draws one visible child placed at position, with its "OnRender" and
+    // fading; false when a script removed the child (and so maybe its
+    // siblings), which ends the caller's walk.
+    bool RenderChild(TAVUElement* child, const _Point2i& position);
+
 private:
     TAVUElement(const TAVUElement&) = delete;
     TAVUElement& operator=(const TAVUElement&) = delete;

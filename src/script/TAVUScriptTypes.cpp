@@ -13,6 +13,7 @@
 #include "TAVUTextType.h"
 #include "TAVUTextureType.h"
 #include "TAVUTooltipType.h"
+#include "TAVUWindowType.h"
 #include "TavukitType.h"
 
 RXTypeDefinition* pTAVUKitType = nullptr;
@@ -71,5 +72,5 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavutooltip", &pTAVUTooltipType, TAVUTooltipType::Make, &pTAVUFrameType},
     {"tavutreenode", &pTAVUTreeNodeType, nullptr, nullptr},
     {"tavutree", &pTAVUTreeType, nullptr, &pTAVUFrameType},
-    {"tavuwindow", &pTAVUWindowType, nullptr, &pTAVUFrameType},
+    {"tavuwindow", &pTAVUWindowType, TAVUWindowType::Make, &pTAVUFrameType},
 };

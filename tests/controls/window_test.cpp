@@ -1,0 +1,376 @@
+#include "ControlTest.h"
+#include "TAVUButton.h"
+#include "TAVUContextMenu.h"
+#include "TAVUContextMenuNode.h"
+#include "TAVUElementWatch.h"
+#include "TAVUText.h"
+#include "TAVUWindow.h"
+
+namespace {
+// A window template as interfaces write one: a 20-pixel title bar with its
+// title, the two size buttons on one spot and a close button, and a client
+// below the bar.
+const char kWindowTemplate[] =
+    "<Template><BackgroundColor>FF202020</BackgroundColor><Border>2</Border>"
+    "<CloseButton>1</CloseButton><MinimizeButton>1</MinimizeButton>"
+    "<TitleBar><Width>100%</Width><Height>20</Height><BackgroundColor>FF404040</BackgroundColor>"
+    "<Children><text Name=\"Title\"><Width>100</Width><Height>20</Height></text>"
+    "<button Name=\"Minimize\"><X>r40</X><Width>18</Width><Height>18</Height></button>"
+    "<button Name=\"Maximize\"><X>r40</X><Width>18</Width><Height>18</Height></button>"
+    "<button Name=\"Close\"><X>r20</X><Width>18</Width><Height>18</Height></button>"
+    "</Children></TitleBar>"
+    "<Client><Y>20</Y><Width>100%</Width><Height>r20</Height></Client></Template>";
+
+std::string Rect(const TAVUElement* element) {
+    return std::to_string(element->X) + " " + std::to_string(element->Y) + " " +
+           std::to_string(element->Width) + " " + std::to_string(element->Height);
+}
+} // namespace
+
+class WindowTest : public ControlTest {
+protected:
+    void SetUp() override {
+        ControlTest::SetUp();
+        g_UIManager.AddTemplate("window", kWindowTemplate);
+    }
+
+    // Loads a window under the screen; the loader answers with its client.
+    TAVUWindow* LoadWindow(const char* name, const std::string& body,
+                           const std::string& attributes = "") {
+        std::string xml = "<window" + attributes + ">" + body + "</window>";
+        loaded = g_UIManager.LoadElement(g_UIManager.Screen, "window", name, Parse(xml), nullptr);
+        return static_cast<TAVUWindow*>(g_UIManager.Screen->FindChild(name));
+    }
+
+    // "X Y W H" of a 200x120 window at 100,50 (outer 98,48 204x124) after a
+    // press at `from`, moves to each point of `to`, and a release.
+    void Drag(_Point2i from, std::vector<_Point2i> to) {
+        TavuAdvanceClock(1000); // no press here makes a double click
+        RenderFrame();
+        MoveTo(from);
+        g_UIManager.OnLMouseDown();
+        for (_Point2i& point : to)
+            g_UIManager.OnMouseMove(point);
+        g_UIManager.OnLMouseUp();
+    }
+
+    void Click(_Point2i point) { Drag(point, {}); }
+
+    // The pointer arrives at point from beside it, so that the element under
+    // it is found anew even when it rests there already.
+    static void MoveTo(_Point2i point) {
+        _Point2i beside{point.x + 1, point.y};
+        g_UIManager.OnMouseMove(beside);
+        g_UIManager.OnMouseMove(point);
+    }
+
+    void RightClick(_Point2i point) {
+        TavuAdvanceClock(1000);
+        RenderFrame();
+        MoveTo(point);
+        g_UIManager.OnRMouseDown();
+        g_UIManager.OnRMouseUp();
+    }
+
+    // The open menu's rows as "ID:text", a separator as "ID:-".
+    static std::string Rows(TAVUContextMenu* menu) {
+        std::string rows;
+        for (TAVUContextMenuNode* node = menu->FirstNode; node; node = node->Next) {
+            rows += rows.empty() ? "" : " ";
+            rows += std::to_string(node->ID) + ":";
+            rows += node->NodeType == TAVUContextMenuNode::ItemNode
+                        ? static_cast<TAVUContextMenuItem*>(node)->Text
+                        : "-";
+        }
+        return rows;
+    }
+
+    TAVUElement* loaded = nullptr;
+};
+
+TEST_F(WindowTest, ComposesFromItsNodeAndTemplate) {
+    struct Case {
+        const char* Body;
+        const char* Outer;   // X Y W H
+        const char* Options; // Border Flags MinWidth MinHeight Locked
+        bool HasClient;
+    } cases[] = {
+        // The border hangs outside the size the file gives.
+        {"<X>100</X><Y>50</Y><Width>200</Width><Height>120</Height>", "98 48 204 124",
+         "2 3 20 40 0", true},
+        // A resizable window's band is at least 3 wide; its minimums ride on the toggle.
+        {"<Width>200</Width><Height>100</Height><Border>0</Border>"
+         "<Resizable MinHeight=\"50\">1</Resizable><Locked>1</Locked>",
+         "-3 -3 206 106", "3 27 40 50 1", true},
+        {"<Width>10</Width><Height>10</Height><HeightResizable>1</HeightResizable>", "-3 -3 16 16",
+         "3 19 20 20 0", true},
+        // A bare <Client/> means no client, whatever the template says.
+        {"<Width>10</Width><Height>10</Height><Client/>", "-2 -2 14 14", "2 3 20 40 0", false},
+    };
+    int n = 0;
+    for (const Case& c : cases) {
+        std::string name = "W" + std::to_string(n++);
+        TAVUWindow* window = LoadWindow(name.c_str(), c.Body);
+        ASSERT_NE(window, nullptr) << c.Body;
+        EXPECT_EQ(Rect(window), c.Outer) << c.Body;
+        std::string options = std::to_string(window->Border) + " " + std::to_string(window->Flags) +
+                              " " + std::to_string(window->MinWidth) + " " +
+                              std::to_string(window->MinHeight) + " " +
+                              std::to_string(window->Locked);
+        EXPECT_EQ(options, c.Options) << c.Body;
+        EXPECT_EQ(window->Client != nullptr, c.HasClient) << c.Body;
+        EXPECT_EQ(loaded, window->Client) << c.Body; // null makes the load fail
+        ASSERT_NE(window->TitleText, nullptr);
+        EXPECT_STRCASEEQ(window->TitleText->Text, name.c_str()) << "titled by its name";
+    }
+}
+
+TEST_F(WindowTest, ChildrenLiveInTheClientAndHangOnTheWindowByName) {
+    TAVUWindow* window = LoadWindow("Bag", "<Title>Inventory</Title><Width>200</Width>"
+                                           "<Children><frame Name=\"Slot\"/></Children>");
+    ASSERT_NE(window, nullptr);
+    TAVUElement* slot = window->FindChild("slot");
+    ASSERT_NE(slot, nullptr);
+    EXPECT_EQ(slot->Parent, window->Client);
+    EXPECT_STREQ(slot->FullName, "Slot@Bag");
+    EXPECT_EQ(window->FindChild("TitleBar"), nullptr); // the bar is not a child from outside
+    EXPECT_STREQ(window->TitleText->Text, "Inventory");
+    // The client follows the inner size: 200 wide, 20 under the bar.
+    EXPECT_EQ(window->Client->Width, 200);
+    EXPECT_FALSE(window->Client->IsTypeOf("frame"));
+}
+
+TEST_F(WindowTest, AButtonlessTitleBarKeepsNoButtonsAndOneSizeButtonServesBoth) {
+    g_UIManager.AddTemplate("plain", "<Template><TitleBar><Height>20</Height><Children>"
+                                     "<button Name=\"Maximize\"/><button Name=\"Close\"/>"
+                                     "</Children></TitleBar></Template>");
+    TAVUWindow* bare = LoadWindow("Plain", "", " Template=\"plain\"");
+    ASSERT_NE(bare, nullptr);
+    EXPECT_EQ(bare->CloseButton, nullptr);
+    EXPECT_EQ(bare->TitleBar->FindChild("Close"), nullptr); // deleted, not only forgotten
+    TAVUWindow* one =
+        LoadWindow("One", "<MinimizeButton>1</MinimizeButton>", " Template=\"plain\"");
+    ASSERT_NE(one, nullptr);
+    ASSERT_NE(one->MaximizeButton, nullptr);
+    EXPECT_EQ(one->MinimizeButton, one->MaximizeButton);
+    for (bool minimized : {false, true}) {
+        one->Minimize(minimized);
+        RenderFrame();
+        EXPECT_TRUE(one->MaximizeButton->Visible) << minimized;
+    }
+}
+
+TEST_F(WindowTest, DragsByTitleBarAndBodyWithTheirOwnSnapping) {
+    struct Case {
+        const char* What;
+        _Point2i From; // the title bar at 100,50 or the left border band at 98,108
+        _Point2i To;
+        bool Shift;
+        const char* Place; // X Y
+    } cases[] = {
+        {"bar, free", {150, 60}, {250, 160}, false, "198 148"},
+        {"bar, near the right edge", {150, 60}, {651, 160}, false, "596 148"},
+        {"bar, past the right edge", {150, 60}, {952, 160}, false, "796 148"},
+        {"bar, past the left edge", {150, 60}, {-248, 160}, false, "-200 148"},
+        {"bar, near the left edge", {150, 60}, {54, 160}, false, "0 148"},
+        {"bar, past the top", {150, 60}, {150, -38}, false, "98 -19"},
+        {"bar, past the bottom", {150, 60}, {150, 900}, false, "98 596"},
+        {"bar, shift held", {150, 60}, {952, 160}, true, "900 148"},
+        {"body, near the right edge", {99, 108}, {594, 108}, false, "596 48"},
+        {"body, past the right edge", {99, 108}, {901, 108}, false, "900 48"},
+        {"body, shift held", {99, 108}, {594, 108}, true, "593 48"},
+    };
+    for (const Case& c : cases) {
+        TAVUWindow* window = LoadWindow("Mover", "<X>100</X><Y>50</Y><Width>200</Width>"
+                                                 "<Height>120</Height>");
+        ASSERT_NE(window, nullptr);
+        g_UIManager.Shift = c.Shift;
+        Drag(c.From, {c.To});
+        g_UIManager.Shift = false;
+        EXPECT_EQ(std::to_string(window->X) + " " + std::to_string(window->Y), c.Place) << c.What;
+        EXPECT_FALSE(window->Dragging) << c.What;
+        g_UIManager.Screen->DeleteChild(window);
+    }
+}
+
+TEST_F(WindowTest, ResizesByItsBandWithinTheMinimums) {
+    // Outer 97,97 206x106; the band is 3 wide.
+    struct Case {
+        const char* What;
+        _Point2i From;
+        std::vector<_Point2i> To;
+        const char* Outer;
+    } cases[] = {
+        {"top edge past the minimum pushes the window", {150, 98}, {{150, 300}}, "97 299 206 50"},
+        {"bottom edge stops at the minimum", {150, 202}, {{150, 100}}, "97 97 206 106"},
+        {"bottom edge grows once past it", {150, 202}, {{150, 100}, {150, 160}}, "97 97 206 166"},
+        {"bottom-right corner", {302, 202}, {{322, 212}}, "97 97 226 116"},
+        {"left edge", {98, 150}, {{88, 150}}, "87 97 216 106"},
+        {"right edge below the minimum", {302, 150}, {{140, 150}}, "97 97 206 106"},
+    };
+    for (const Case& c : cases) {
+        TAVUWindow* window = LoadWindow("Sizer", "<X>100</X><Y>100</Y><Width>200</Width>"
+                                                 "<Height>100</Height><Resizable MinHeight=\"50\" "
+                                                 "MinWidth=\"60\">1</Resizable>");
+        ASSERT_NE(window, nullptr);
+        Drag(c.From, c.To);
+        EXPECT_EQ(Rect(window), c.Outer) << c.What;
+        EXPECT_EQ(window->ResizeEdges, 0u) << c.What;
+        g_UIManager.Screen->DeleteChild(window);
+    }
+}
+
+// The buttons themselves are clicked in tavuhost's windows case.
+TEST_F(WindowTest, MinimisedItShowsTheOtherButtonAndAnyShowRestoresIt) {
+    TAVUWindow* window =
+        LoadWindow("Box", "<X>100</X><Y>50</Y><Width>200</Width><Height>120</Height>");
+    ASSERT_NE(window, nullptr);
+    window->Minimize(true);
+    RenderFrame();
+    EXPECT_EQ(Rect(window), "98 48 204 24"); // the title bar and the border
+    EXPECT_TRUE(!window->Client->Visible && !window->MinimizeButton->Visible);
+    EXPECT_TRUE(window->MaximizeButton->Visible);
+    int x, y;
+    unsigned width, height;
+    window->GetStoragePosition(x, y, width, height);
+    EXPECT_EQ(height, 120u) << "stored with the size it comes back with";
+    window->Show(false); // closing gives the size back, so that it opens whole
+    EXPECT_FALSE(window->Minimized);
+    EXPECT_EQ(Rect(window), "98 48 204 124");
+}
+
+TEST_F(WindowTest, ResetReturnsToTheLoadedPlace) {
+    TAVUWindow* window = LoadWindow("Home", "<X>10%</X><Y>100</Y><Width>200</Width>"
+                                            "<Height>120</Height>");
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(Rect(window), "78 98 204 124"); // a fractional place loses the border too
+    Drag({150, 110}, {{400, 300}});
+    EXPECT_NE(Rect(window), "78 98 204 124");
+    window->ResetWindowPosition();
+    EXPECT_EQ(Rect(window), "78 98 204 124");
+}
+
+// Hostile sizes and places: only the sums wrap; nothing is undefined.
+TEST_F(WindowTest, AbsurdPlacesAndSizesWrapWithoutHarm) {
+    TAVUWindow* window = LoadWindow("Huge", "<X>2147483647</X><Y>-2147483648</Y>"
+                                            "<Width>4000000000</Width><Height>99999</Height>"
+                                            "<Resizable MinWidth=\"-5\">1</Resizable>");
+    ASSERT_NE(window, nullptr);
+    RenderFrame();
+    window->Minimize(true);
+    window->Minimize(true); // saves the minimised size over the real one, as it always has
+    window->Minimize(false);
+    EXPECT_EQ(window->Height, 26) << "the title bar and the border";
+    EXPECT_EQ(std::to_string(window->X) + " " + std::to_string(window->Y), "2147483644 2147483645");
+    Drag({2147483645, 2147483646}, {{-2147483647, 0}});
+    int x, y;
+    unsigned width, height;
+    EXPECT_TRUE(window->GetStoragePosition(x, y, width, height));
+}
+
+TEST_F(WindowTest, AWindowDeletedByItsCloseButtonsClickIsLeftAlone) {
+    TAVUWindow* window = LoadWindow(
+        "Doomed", "<X>100</X><Y>50</Y><Width>200</Width><Height>120</Height>"
+                  "<TitleBar><Width>100%</Width><Height>20</Height><Children>"
+                  "<button Name=\"Close\"><Width>18</Width><Height>18</Height>"
+                  "<OnLeftClick>UI -unload Doomed</OnLeftClick></button></Children></TitleBar>");
+    ASSERT_NE(window, nullptr);
+    TAVUElementWatch watch(window);
+    Host.OnExecuteAtom = [&](const FakeHost::AtomRun&) {
+        g_UIManager.Screen->DeleteChild(window);
+        return 0;
+    };
+    Click({105, 55});
+    EXPECT_FALSE(watch.Alive()); // under ASan: nothing touched it afterwards
+}
+
+// Choosing the entries with the mouse is tavuhost's windows case.
+TEST_F(WindowTest, TheTitleBarsMenuOpensOnceWithItsFourRows) {
+    TAVUWindow* window =
+        LoadWindow("Menu", "<X>100</X><Y>50</Y><Width>200</Width><Height>120</Height>");
+    ASSERT_NE(window, nullptr);
+    RightClick({150, 120}); // the client is no title bar
+    EXPECT_EQ(window->ContextMenu.Menu, nullptr);
+    window->Locked = true;
+    RightClick({150, 55});
+    TAVUContextMenu* menu = window->ContextMenu.Menu;
+    ASSERT_NE(menu, nullptr) << "a locked window still has its menu";
+    EXPECT_EQ(Rows(menu), "1:Unlock 2:Reset Position 0:- 3:Close");
+    EXPECT_EQ(std::to_string(menu->X) + " " + std::to_string(menu->Y), "150 55");
+    EXPECT_FALSE(window->ContextMenu.Create(10, 10)); // one menu at a time, left where it is
+    EXPECT_EQ(window->ContextMenu.Menu, menu);
+    window->ContextMenu.OnClick(CWindowContextMenu::ItemLock);
+    EXPECT_FALSE(window->Locked);
+}
+
+TEST_F(WindowTest, AWindowDeletedWithItsMenuOpenTakesTheMenuAlong) {
+    TAVUWindow* window =
+        LoadWindow("Gone", "<X>100</X><Y>50</Y><Width>200</Width><Height>120</Height>");
+    ASSERT_NE(window, nullptr);
+    RightClick({150, 55});
+    ASSERT_NE(window->ContextMenu.Menu, nullptr);
+    TAVUElementWatch menu(window->ContextMenu.Menu);
+    g_UIManager.Screen->DeleteChild(window);
+    EXPECT_FALSE(menu.Alive());
+    RenderFrame(); // under ASan: nothing left that points at the window
+    RightClick({150, 55});
+}
+
+TEST_F(WindowTest, CodeMakesAWindowFromARecordTitledByItsNodeOrName) {
+    auto* window =
+        static_cast<TAVUWindow*>(g_UIManager.LoadElement(g_UIManager.Screen, "window", "Made"));
+    ASSERT_NE(window, nullptr);
+    _CreateWindow create;
+    create.X = 10, create.Y = 20, create.Width = 100, create.Height = 50;
+    create.Border = 1;
+    create.Flags = TAVUWindow::FlagWidthResizable;
+    create.Title = "Never shown";
+    window->Create(create,
+                   Parse("<window><OffsetTitleBarHeight>1</OffsetTitleBarHeight></window>"));
+    // A border of 3 for the resizable window, and the title bar's 20 on top.
+    EXPECT_EQ(Rect(window), "7 17 106 76");
+    EXPECT_EQ(window->Flags, 1u | 2u | 8u | 64u);
+    EXPECT_STRCASEEQ(window->Title, "Made");
+    int x, y;
+    unsigned width, height;
+    window->GetStoragePosition(x, y, width, height);
+    EXPECT_EQ(std::to_string(x) + " " + std::to_string(y) + " " + std::to_string(width) + " " +
+                  std::to_string(height),
+              "10 20 100 50"); // the record's rectangle again
+}
+
+TEST_F(WindowTest, APressRaisesTheWindowAndFocusesItsClickFocus) {
+    TAVUWindow* below = LoadWindow("Below", "<X>100</X><Y>50</Y><Width>200</Width>"
+                                            "<Height>120</Height><ClickFocus>Field</ClickFocus>"
+                                            "<Children><frame Name=\"Field\"/></Children>");
+    TAVUWindow* above = LoadWindow("Above", "<X>250</X><Y>100</Y><Width>200</Width>"
+                                            "<Height>120</Height>");
+    ASSERT_TRUE(below && above);
+    ASSERT_EQ(g_UIManager.Screen->LastChild, above);
+    Click({150, 60});
+    EXPECT_EQ(g_UIManager.Screen->LastChild, below);
+    EXPECT_EQ(g_UIManager.GetFocusElement(), below->FindChild("Field"));
+    // A wheel over a client that lets both buttons through goes on beneath.
+    RenderFrame();
+    MoveTo({150, 120});
+    EXPECT_TRUE(g_UIManager.OnMouseWheel(1));
+    below->Client->LeftClickThru = below->Client->RightClickThru = true;
+    EXPECT_FALSE(below->OnMouseWheel(1));
+}
+
+TEST_F(WindowTest, PartsThatScriptsDeleteAreForgotten) {
+    TAVUWindow* window =
+        LoadWindow("Parts", "<X>100</X><Y>50</Y><Width>200</Width><Height>120</Height>");
+    ASSERT_NE(window, nullptr);
+    window->Client->Parent->DeleteChild(window->Client);
+    window->CloseButton->Parent->DeleteChild(window->CloseButton);
+    EXPECT_EQ(window->Client, nullptr);
+    EXPECT_EQ(window->CloseButton, nullptr);
+    window->TitleBar->Parent->DeleteChild(window->TitleBar);
+    EXPECT_TRUE(!window->TitleBar && !window->TitleText && !window->MinimizeButton);
+    window->Minimize(true); // under ASan: nothing left that points at a deleted part
+    window->SetTitle("Still here");
+    RenderFrame();
+    Drag({99, 100}, {{150, 150}}); // by the body's border band
+    EXPECT_EQ(Rect(window), "149 98 204 124");
+}
