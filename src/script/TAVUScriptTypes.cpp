@@ -6,6 +6,8 @@
 #include "TAVUFontType.h"
 #include "TAVUFrameType.h"
 #include "TAVUGaugeType.h"
+#include "TAVUListBoxItemType.h"
+#include "TAVUListBoxType.h"
 #include "TAVUScrollBarType.h"
 #include "TAVUSliderType.h"
 #include "TAVUTextType.h"
@@ -46,8 +48,8 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavukit", &pTAVUKitType, TavukitType::Make, nullptr},
     {"tavuelement", &pTAVUElementType, TAVUElementType::Make, nullptr},
     {"tavuframe", &pTAVUFrameType, TAVUFrameType::Make, &pTAVUElementType},
-    {"tavulistboxitem", &pTAVUListBoxItemType, nullptr, nullptr},
-    {"tavulistbox", &pTAVUListBoxType, nullptr, &pTAVUElementType},
+    {"tavulistboxitem", &pTAVUListBoxItemType, TAVUListBoxItemType::Make, nullptr},
+    {"tavulistbox", &pTAVUListBoxType, TAVUListBoxType::Make, &pTAVUElementType},
     {"tavubutton", &pTAVUButtonType, TAVUButtonType::Make, &pTAVUElementType},
     {"tavucheckbox", &pTAVUCheckBoxType, TAVUCheckBoxType::Make, &pTAVUElementType},
     {"tavucombobox", &pTAVUComboBoxType, nullptr, &pTAVUListBoxType},
