@@ -2,6 +2,7 @@
 
 #include "TAVUButtonType.h"
 #include "TAVUCheckBoxType.h"
+#include "TAVUComboBoxType.h"
 #include "TAVUElementType.h"
 #include "TAVUFontType.h"
 #include "TAVUFrameType.h"
@@ -52,7 +53,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavulistbox", &pTAVUListBoxType, TAVUListBoxType::Make, &pTAVUElementType},
     {"tavubutton", &pTAVUButtonType, TAVUButtonType::Make, &pTAVUElementType},
     {"tavucheckbox", &pTAVUCheckBoxType, TAVUCheckBoxType::Make, &pTAVUElementType},
-    {"tavucombobox", &pTAVUComboBoxType, nullptr, &pTAVUListBoxType},
+    {"tavucombobox", &pTAVUComboBoxType, TAVUComboBoxType::Make, &pTAVUListBoxType},
     {"tavuconsole", &pTAVUConsoleType, nullptr, &pTAVUFrameType},
     {"tavufont", &pTAVUFontType, TAVUFontType::Make, nullptr},
     {"tavugauge", &pTAVUGaugeType, TAVUGaugeType::Make, &pTAVUFrameType},

@@ -1,5 +1,6 @@
 #include "CUIManager.h"
 #include "ScriptTypeTest.h"
+#include "TAVUComboBox.h"
 #include "TAVUListBox.h"
 #include "TAVUScreen.h"
 #include "TAVUScriptTypes.h"
@@ -171,4 +172,29 @@ TEST_F(ListTypes, SortByAnAtomOrdersByItsAnswer) {
     list->Sort = TAVUListBox::SortNone;
     EXPECT_EQ(Method(pTAVUListBoxType, list, "Sort", {"byText"}), 1);
     EXPECT_EQ(Order(list), "acd"); // the removal only
+}
+
+TEST_F(ListTypes, AComboBoxAnswersThroughTheElementThenItsList) {
+    auto* combo = static_cast<TAVUComboBox*>(
+        g_UIManager.LoadElement(g_UIManager.Screen, "combobox", "C",
+                                Parse("<c><Width>90</Width><ListBox><ScrollBar>bar</ScrollBar></"
+                                      "ListBox><Items><item>a</item></Items></c>"),
+                                nullptr));
+    ASSERT_NE(combo, nullptr) << (Host.Console.empty() ? "" : Host.Console.back());
+    RXTypeDefinition* C = pTAVUComboBoxType;
+    EXPECT_EQ(Get(C, combo, "Items"), "1 1");
+    EXPECT_EQ(Get(C, combo, "Width"), "1 90");
+    EXPECT_EQ(Get(C, combo, "Selection"), "1 0");
+    EXPECT_EQ(Method(C, combo, "SetSelection", {"1"}), 1); // the list is not touched
+    EXPECT_EQ(Method(C, combo, "AddItem", {"b"}), 1);
+    EXPECT_EQ(
+        Words(Get(C, combo, "Selection"), combo->List->Selection.size(), combo->List->ItemCount),
+        "1 1 0 2");
+    const char* names[] = {"Border", "Font", "Down", "Texture", "ButtonTexture"};
+    std::string answers;
+    for (const char* name : names)
+        answers += std::to_string(Member(C, combo, name)) + " ";
+    EXPECT_EQ(answers + std::to_string(Method(C, combo, "SetSelection")), "1 1 1 0 0 0");
+    EXPECT_EQ(C->Members.Count() + C->Methods.Count(), 7u);
+    EXPECT_EQ(Member(C, combo, "NoSuchName"), -1);
 }
