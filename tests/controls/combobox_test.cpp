@@ -1,4 +1,4 @@
-#include "ControlTest.h"
+#include "ListControlTest.h"
 #include "TAVUComboBox.h"
 #include "TAVUListBox.h"
 #include "Words.h"
@@ -6,7 +6,7 @@
 #include <string>
 
 // A combo box 20 pixels high that opens to 85, over a list of 12-pixel rows.
-class ComboBoxTest : public ControlTest {
+class ComboBoxTest : public ListControlTest {
 protected:
     TAVUComboBox* Combo(const std::string& keys = "") {
         std::string xml = "<c><Width>100</Width><Height>20</Height><FullHeight>85</FullHeight>"
@@ -17,18 +17,6 @@ protected:
         auto* combo = Load<TAVUComboBox>("combobox", "C", xml.c_str());
         if (combo) RenderFrame();
         return combo;
-    }
-    std::string Notes() {
-        std::string heard;
-        for (const auto& note : Parent->Notes)
-            heard += Words(note.first, note.second) + ";";
-        Parent->Notes.clear();
-        return heard;
-    }
-    void Click(TAVUElement* element, int x, int y) {
-        Point = {x, y};
-        element->OnLMouseDown(Point);
-        element->OnLMouseUp(Point);
     }
 };
 

@@ -1,5 +1,4 @@
-#include "ControlTest.h"
-#include "TAVUElementWatch.h"
+#include "ListControlTest.h"
 #include "TAVUListBox.h"
 #include "TAVUScrollBar.h"
 #include "TAVUSlider.h"
@@ -9,7 +8,7 @@
 
 // Lists of 12-pixel rows (a pitch of 13), five rows high unless told, with a
 // scroll bar from the template.
-class ListBoxTest : public ControlTest {
+class ListBoxTest : public ListControlTest {
 protected:
     void SetUp() override {
         ControlTest::SetUp();
@@ -27,19 +26,12 @@ protected:
         return list;
     }
 
-    // The texts in display order, and what reached the parent.
+    // The texts in display order.
     static std::string Order(TAVUListBox* list) {
         std::string texts;
         for (unsigned order = 0; order < list->ItemCount; ++order)
             texts += std::string(texts.empty() ? "" : " ") + list->OrderedItem(order)->Text;
         return texts;
-    }
-    std::string Notes() {
-        std::string heard;
-        for (const auto& note : Parent->Notes)
-            heard += Words(note.first, note.second) + ";";
-        Parent->Notes.clear();
-        return heard;
     }
     std::string Selected(TAVUListBox* list) {
         std::string ids;
@@ -47,12 +39,9 @@ protected:
             ids += std::to_string(item->ID);
         return ids;
     }
-    void Click(TAVUListBox* list, int row, bool control = false) {
+    void ClickRow(TAVUListBox* list, int row, bool control = false) {
         g_UIManager.Control = control;
-        Point = {5, row * 13 + 2};
-        TAVUElementWatch watch(list);
-        list->OnLMouseDown(Point);
-        if (watch.Alive()) list->OnLMouseUp(Point);
+        Click(list, 5, row * 13 + 2);
         g_UIManager.Control = false;
     }
 };
@@ -167,7 +156,7 @@ TEST_F(ListBoxTest, ClicksSelectAsTheModeAndTheControlKeySay) {
         for (const char* id = row.Before; *id; ++id)
             list->SelectItem(unsigned(*id - '0'));
         Notes();
-        Click(list, row.Row, row.Control);
+        ClickRow(list, row.Row, row.Control);
         EXPECT_EQ(Selected(list) + " " + Notes(), row.Expected);
         Parent->DeleteChild(list);
     }
@@ -279,7 +268,7 @@ TEST_F(ListBoxTest, ASelectionEventMayRemoveItsRowOrTheList) {
                 Parent->FirstChild)
                 Parent->DeleteChild(Parent->FirstChild);
         };
-        Click(list, 0);
+        ClickRow(list, 0);
         if (std::string(kind) == "row")
             EXPECT_EQ(Words(list->ItemCount, Selected(list)), "0 ");
         else

@@ -373,17 +373,18 @@ void TAVUListBox::SetItemColor(unsigned id, unsigned color) {
 }
 
 unsigned TAVUListBox::FindItemByText(const char* text, unsigned) {
-    for (unsigned place = 0; place < Items.Capacity(); ++place) {
-        ListBoxItem* item = Items.Get(place);
-        if (item && StrCompareNoCase(item->Text, text) == 0) return item->ID;
-    }
-    return 0;
+    return FindItem(text, false);
 }
 
 unsigned TAVUListBox::FindItemByValue(const char* text, unsigned) {
+    return FindItem(text, true);
+}
+
+unsigned TAVUListBox::FindItem(const char* text, bool byValue) const {
     for (unsigned place = 0; place < Items.Capacity(); ++place) {
         ListBoxItem* item = Items.Get(place);
-        if (item && StrCompareNoCase(item->Value, text) == 0) return item->ID;
+        if (item && StrCompareNoCase(byValue ? item->Value : item->Text, text) == 0)
+            return item->ID;
     }
     return 0;
 }

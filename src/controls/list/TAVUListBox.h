@@ -144,5 +144,7 @@ private:
     // Where the item shows now; ItemCount when it is not in the order.
     unsigned PlaceOf(ListBoxItem* item) const;
     void MoveItemTo(ListBoxItem* item, unsigned order);
+    // The first item by ID whose Text (or Value) equals text, ignoring case.
+    unsigned FindItem(const char* text, bool byValue) const;
     void DrawRows(tagRECT rect);
 };
