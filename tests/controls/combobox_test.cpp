@@ -34,25 +34,19 @@ TEST_F(ComboBoxTest, LoadsItsListWithItemsOfBothNodesAndShowsTheDefaultClosed) {
     EXPECT_EQ(Load<TAVUComboBox>("combobox", "D", "<c/>"), nullptr); // no "ListBox"
 }
 
-// Picking a row reports the old row's release (0), then the new row, to the
-// parent and to OnSelect alike, and closes the box.
+// Picking a row reports the old row's release (0), then the new row, and
+// closes the box; what OnSelect sees is compared end to end (tavuhost's
+// lists case).
 TEST_F(ComboBoxTest, ChoosingARowClosesTheBoxAndReportsTheChangeTwice) {
     TAVUComboBox* combo = Combo("<OnSelect>pick</OnSelect>"
                                 "<Items><item Default='1'>two</item></Items>");
     ASSERT_NE(combo, nullptr);
     Notes();
-    Host.AtomRuns.clear();
     Click(combo, 5, 5);
     EXPECT_EQ(Words(combo->Open, combo->Height, g_UIManager.MouseOverRootID == combo->ID),
               "1 85 1");
-    RenderFrame();
-    EXPECT_TRUE(combo->List->Visible);
     Click(combo->List, 5, 20 + 2); // the first row: ID 1
-    std::string args;
-    for (const auto& run : Host.AtomRuns)
-        args += run.Args[0] + " ";
-    EXPECT_EQ(Words(combo->SelectedID, combo->Open, combo->Height, Notes(), args),
-              "1 0 20 9 0;9 1; 0 1 ");
+    EXPECT_EQ(Words(combo->SelectedID, combo->Open, combo->Height, Notes()), "1 0 20 9 0;9 1;");
     Click(combo, 5, 5); // open again, then a press elsewhere closes it
     combo->OnLMouseDownOther(combo->List);
     EXPECT_TRUE(combo->Open);
