@@ -30,7 +30,7 @@ protected:
     static std::string Order(TAVUListBox* list) {
         std::string texts;
         for (unsigned order = 0; order < list->ItemCount; ++order)
-            texts += std::string(texts.empty() ? "" : " ") + list->OrderedItem(order)->Text;
+            texts.append(texts.empty() ? "" : " ").append(list->OrderedItem(order)->Text);
         return texts;
     }
     std::string Selected(TAVUListBox* list) {
@@ -67,7 +67,7 @@ TEST_F(ListBoxTest, KeysItemsAndSortWordsLoad) {
         ASSERT_NE(list, nullptr);
         std::string colors;
         for (unsigned id = 1; id <= 2 && list->RetrieveItem(id); ++id)
-            colors += " " + Hex(list->RetrieveItem(id)->Color).substr(2);
+            colors.append(" ").append(Hex(list->RetrieveItem(id)->Color), 2);
         EXPECT_EQ(Words(list->Sort, list->SelectMultiple, Order(list), Selected(list)) + colors,
                   row.Expected);
         EXPECT_TRUE(list->Ready);
