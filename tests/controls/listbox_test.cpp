@@ -204,23 +204,24 @@ TEST_F(ListBoxTest, TheWheelScrollsThreeRowsANotchAndItsEventSeesNoSign) {
     EXPECT_EQ(Words(down, bottom, list->ScrollOffset, args), "3 5 3 120 120 1000 80 ");
 }
 
-// A thousand rows draw five; a selected row (ID 502, the text "501") fills
-// its band first.
+// A hundred thousand rows draw five; a selected row (ID 50003, the text
+// "50002") fills its band first.
 TEST_F(ListBoxTest, AFrameDrawsOnlyTheRowsThatShow) {
     TAVUListBox* list = List("<SelectionColor>ff0000ff</SelectionColor>");
-    for (int i = 0; i < 1000; ++i)
+    for (int i = 0; i < 100000; ++i)
         list->AddItem(std::to_string(i).c_str(), nullptr, 0);
-    list->ScrollBar->SetValue(list->ScrollBar->Range - 500);
-    list->SelectItem(502);
+    list->ScrollBar->SetValue(list->ScrollBar->Range - 50000);
+    list->SelectItem(50003);
     RenderFrame();
     std::string drawn;
     for (const auto& text : Host.Texts)
-        if (text.Value.size() == 3) drawn += text.Value + " ";
-    EXPECT_EQ(drawn, "500 501 502 503 504 ");
+        drawn += text.Value + " ";
+    EXPECT_EQ(Words(drawn, list->ItemCount, list->RetrieveItem(100000)->Order),
+              "50000 50001 50002 50003 50004  100000 99999");
     std::string selectionFills;
     for (const auto& fill : Host.Fills)
         if (fill.Color == 0xff0000ffu) selectionFills += Words(fill.Rect.top, fill.Rect.bottom);
-    EXPECT_EQ(selectionFills, "13 25");
+    EXPECT_EQ(selectionFills, "26 38");
 }
 
 // Bad IDs are taken quietly: nothing changes, nothing is heard, no message.
