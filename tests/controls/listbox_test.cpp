@@ -279,3 +279,21 @@ TEST_F(ListBoxTest, ASelectionEventMayRemoveItsRowOrTheList) {
         if (Parent->FirstChild) Parent->DeleteChild(Parent->FirstChild);
     }
 }
+
+// A list made by code reads only its scroll bar from the template; rows
+// added to it sort at once, and take no colour from its font.
+TEST_F(ListBoxTest, CreateMakesASortingListWithTheTemplatesScrollBar) {
+    auto* list = new TAVUListBox("listbox", Parent, "Made");
+    _CreateListBox create;
+    create.Height = 26;
+    create.Font.Size = 12;
+    create.Sort = TAVUListBox::SortTextReverse;
+    list->Create(create, nullptr);
+    for (const char* text : {"a", "c", "b"})
+        list->AddItem(text, nullptr, 0);
+    ASSERT_TRUE(list->ScrollBar && list->ScrollBar->Slider);
+    EXPECT_EQ(Words(Order(list), list->Ready, list->Font->Height, list->DefaultTextColor,
+                    list->ScrollBar->Visible, list->ScrollBar->Range,
+                    list->ScrollBar->Slider->Height),
+              "c b a 1 12 0 1 1 65");
+}
