@@ -111,3 +111,23 @@ arrow('textures/arrow_down_hover.png', False, True)
 scroll_track('textures/scroll_track.png')
 balance_track('textures/balance_track.png')
 box('textures/scroll_handle.png', 10, 5, 2, 0xA7B3C6, 0x8C99AD, 0xC9D2E0)
+
+# The inventory: a sunken well for the list, a raised body for the filter's
+# combo box with its drop button beside it, and the sort buttons.
+box('textures/list_well.png', 24, 24, 4, 0x151A22, 0x1B212B, 0x44526A)
+box('textures/combo_body.png', 24, 24, 4, 0x3A475C, 0x2F3A4B, 0x5B6D8C)
+box('textures/sort_button.png', 24, 24, 4, 0x4A6FA5, 0x2C456B, 0x6E8FC0)
+box('textures/sort_button_hover.png', 24, 24, 4, 0x5C84BF, 0x36527D, 0x86A4D0)
+
+def drop_button(path):
+    w, h = 22, 26
+    def pixel(x, y):
+        outer = rounded(w, h, 4, x, y)
+        px, py = x + 0.5, h - y - 0.5
+        half = (py - 9) * 4.5 / 7
+        inside = 9 <= py <= 16 and abs(px - 11) <= half
+        color = hexrgb(0xF0F4FA) if inside else mix(hexrgb(0x4A6FA5), hexrgb(0x2C456B), y / h)
+        return color + (int(255 * outer + 0.5),)
+    png(path, w, h, pixel)
+
+drop_button('textures/drop_button.png')

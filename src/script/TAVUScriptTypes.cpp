@@ -2,11 +2,14 @@
 
 #include "TAVUButtonType.h"
 #include "TAVUCheckBoxType.h"
+#include "TAVUComboBoxType.h"
 #include "TAVUConsoleType.h"
 #include "TAVUElementType.h"
 #include "TAVUFontType.h"
 #include "TAVUFrameType.h"
 #include "TAVUGaugeType.h"
+#include "TAVUListBoxItemType.h"
+#include "TAVUListBoxType.h"
 #include "TAVUScrollBarType.h"
 #include "TAVUSliderType.h"
 #include "TAVUTextEntryType.h"
@@ -49,11 +52,11 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavukit", &pTAVUKitType, TavukitType::Make, nullptr},
     {"tavuelement", &pTAVUElementType, TAVUElementType::Make, nullptr},
     {"tavuframe", &pTAVUFrameType, TAVUFrameType::Make, &pTAVUElementType},
-    {"tavulistboxitem", &pTAVUListBoxItemType, nullptr, nullptr},
-    {"tavulistbox", &pTAVUListBoxType, nullptr, &pTAVUElementType},
+    {"tavulistboxitem", &pTAVUListBoxItemType, TAVUListBoxItemType::Make, nullptr},
+    {"tavulistbox", &pTAVUListBoxType, TAVUListBoxType::Make, &pTAVUElementType},
     {"tavubutton", &pTAVUButtonType, TAVUButtonType::Make, &pTAVUElementType},
     {"tavucheckbox", &pTAVUCheckBoxType, TAVUCheckBoxType::Make, &pTAVUElementType},
-    {"tavucombobox", &pTAVUComboBoxType, nullptr, &pTAVUListBoxType},
+    {"tavucombobox", &pTAVUComboBoxType, TAVUComboBoxType::Make, &pTAVUListBoxType},
     {"tavuconsole", &pTAVUConsoleType, TAVUConsoleType::Make, &pTAVUFrameType},
     {"tavufont", &pTAVUFontType, TAVUFontType::Make, nullptr},
     {"tavugauge", &pTAVUGaugeType, TAVUGaugeType::Make, &pTAVUFrameType},
