@@ -85,43 +85,6 @@ TEST_F(Events, ThePressedElementHoldsTheMouseUntilItGoes) {
     EXPECT_EQ(g_UIManager.LeftPressedElementID, 0u);
 }
 
-TEST_F(Events, AnElementThatDeletesItselfOnMouseEnterIsForgotten) {
-    TAVUElement* shy = MakeBox("Shy", 0, 0, 50, 50);
-    shy->OnMouseEnterScript = Script(shy, "vanish");
-    Host.OnExecuteAtom = [&](const FakeHost::AtomRun&) {
-        g_UIManager.Screen->DeleteChild(shy);
-        return 0;
-    };
-    g_UIManager.Render();
-    _Point2i point{10, 10};
-    g_UIManager.OnMouseMove(point); // enters, and the element deletes itself
-    Host.OnExecuteAtom = nullptr;
-    EXPECT_EQ(g_UIManager.FindElement("Shy"), nullptr);
-    _Point2i away{400, 400};
-    EXPECT_FALSE(g_UIManager.OnMouseMove(away)); // no exit is sent to the dead element
-    g_UIManager.Render();
-    EXPECT_EQ(g_UIManager.GetMouseOverElement(), g_UIManager.Screen);
-}
-
-TEST_F(Events, DeletingASiblingWhileDrawingSkipsItAndGoesOn) {
-    TAVUElement* first = MakeElement("First");
-    TAVUElement* second = MakeElement("Second");
-    TAVUElement* third = MakeElement("Third");
-    first->OnRender = Script(first, "kill the next one", "");
-    third->OnRender = Script(third, "draw", "");
-    Host.OnExecuteAtom = [&](const FakeHost::AtomRun& run) {
-        if (run.This == first && second) {
-            g_UIManager.Screen->DeleteChild(second);
-            second = nullptr;
-        }
-        return 0;
-    };
-    g_UIManager.Render(); // First is still there, so the walk goes on to Third
-    ASSERT_EQ(Host.AtomRuns.size(), 2u);
-    EXPECT_EQ(Host.AtomRuns[1].This, third);
-    EXPECT_EQ(g_UIManager.Screen->FirstChild->Next, third);
-}
-
 TEST_F(Events, UnloadScriptsThatDeleteAgainOrDeleteTheParentAreSafe) {
     TAVUElement* parent = MakeElement("Parent");
     TAVUElement* first = MakeElement("First", parent);
