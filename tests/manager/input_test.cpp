@@ -57,6 +57,8 @@ TEST_F(Input, ADragEndingElsewhereReleasesOnThePressedElementFirst) {
     EXPECT_EQ(Host.Ran().back(), "target click");
     EXPECT_FALSE(g_UIManager.OnLMouseUp());      // nothing is down any more
     EXPECT_FALSE(g_UIManager.OnMouseWheel(120)); // nobody here takes the wheel
+    EXPECT_TRUE(g_UIManager.OnLMouseDown());     // a click script alone takes the press
+    EXPECT_EQ(g_UIManager.LeftPressedElementID, target->ID);
 }
 
 TEST_F(Input, MovesToTheSamePlaceAreIgnored) {
