@@ -57,6 +57,7 @@ TEST_F(Input, ADragEndingElsewhereReleasesOnThePressedElementFirst) {
     EXPECT_EQ(Host.Ran().back(), "target click");
     EXPECT_FALSE(g_UIManager.OnLMouseUp());      // nothing is down any more
     EXPECT_FALSE(g_UIManager.OnMouseWheel(120)); // nobody here takes the wheel
+    MoveTo(111, 111);                            // over the target now that nothing holds the mouse
     EXPECT_TRUE(g_UIManager.OnLMouseDown());     // a click script alone takes the press
     EXPECT_EQ(g_UIManager.LeftPressedElementID, target->ID);
 }
