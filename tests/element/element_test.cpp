@@ -128,6 +128,8 @@ TEST_F(Element, DeletionsThatCannotBeDoneKeepTheElement) {
     g_UIManager.Screen->FirstChild = g_UIManager.Screen->LastChild = nullptr;
 }
 
+// Hit tests and an only child's move to the top are asked by scripts in
+// tavuhost's element_queries case.
 TEST_F(Element, ZOrderMovesRespectStrataOnlyWhereTheyShould) {
     TAVUElement* screen = g_UIManager.Screen;
     TAVUElement* a = MakeElement("a");
@@ -226,29 +228,6 @@ TEST_F(Element, FactoryRegistrationIgnoresCaseRefusesOtherVersionsAndLaterWins) 
     g_UIManager.Factories[utf8stringnocase("recording")] = &g_RecordingFactory;
 }
 
-TEST_F(Element, HitTestIncludesEdgesAndHonoursCircleShapes) {
-    TAVUElement* button = MakeBox("Round", 0, 0, 100, 40);
-    button->AbsolutePosition = {100, 100};
-    const struct {
-        const char* Shape;
-        int X, Y;
-        bool Hit;
-    } cases[] = {
-        {"", 200, 140, true},
-        {"", 201, 140, false}, // the far edges are inside
-        {"WIDTHCIRCLE", 195, 120, true},
-        {"WIDTHCIRCLE", 150, 75, false}, // above the box
-        {"WIDTHCIRCLE", 100, 100, false},
-        {"heightCircle", 169, 120, true},
-        {"heightCircle", 171, 120, false},
-    };
-    for (const auto& c : cases) {
-        if (*c.Shape) g_UIManager.SetMetadata(button->ID, "HitTest", c.Shape);
-        _Point2i point{c.X, c.Y};
-        EXPECT_EQ(button->HitTest(point), c.Hit) << c.Shape << " " << c.X << "," << c.Y;
-    }
-}
-
 TEST_F(Element, ColourCodesAreSkippedWithoutReadingPastTheText) {
     // A dash form is three bytes of code, even with an unknown letter; a code
     // cut by the end of the text ends the count.
@@ -276,14 +255,4 @@ TEST_F(Element, SizesAndCentringCountInUnsignedArithmetic) {
     box->HeightPosition = {ElementPosition::FarEdge, {.Pixels = 0}};
     box->RecalculateSize(false);
     EXPECT_EQ(box->Height, -1);
-}
-
-TEST_F(Element, MoveZTopOfAnOnlyChildClimbsAndChangesNothingElse) {
-    TAVUElement* panel = MakeElement("Panel");
-    MakeElement("Other");
-    TAVUElement* only = MakeElement("Only", panel);
-    g_UIManager.ZOrderChanged = false;
-    only->MoveZTop(true); // raises the parent among its siblings
-    EXPECT_TRUE(g_UIManager.ZOrderChanged);
-    EXPECT_EQ(Order(g_UIManager.Screen) + " " + Order(panel), "otherpanel only");
 }

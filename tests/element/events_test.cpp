@@ -53,26 +53,22 @@ TEST_F(Events, AnElementThatDeletesItselfInItsClickSurvivesUntilTheScriptEnds) {
     EXPECT_EQ(g_UIManager.FindElementByID(id), nullptr);
 }
 
-TEST_F(Events, MouseOverFollowsThePointerWithExitBeforeEnter) {
+// The scripts of entering and leaving run end to end in tavuhost's input case.
+TEST_F(Events, TheMouseIsOverTheTopmostElementUnderItOrNoneOffTheDisplay) {
     TAVUElement* panel = MakeBox("Panel", 0, 0, 100, 100);
     TAVUElement* button = MakeBox("Button", 10, 10, 20, 20, panel);
-    button->OnMouseEnterScript = Script(button, "enter");
-    button->OnMouseExitScript = Script(button, "exit", "");
     g_UIManager.Render(); // absolute positions
-    g_UIManager.MousePosition = {15, 15};
-    EXPECT_EQ(g_UIManager.SetMouseOverElement(), button);
-    EXPECT_EQ(g_UIManager.SetMouseOverElement(), button); // same element: no event
-    ASSERT_EQ(Host.AtomRuns.size(), 1u);
-    EXPECT_EQ(Host.AtomRuns[0].Args, (std::vector<std::string>{"15", "15"}));
-    g_UIManager.MousePosition = {50, 50};
-    EXPECT_EQ(g_UIManager.SetMouseOverElement(), panel);
-    EXPECT_EQ(Host.AtomRuns.size(), 2u);
-    EXPECT_TRUE(button->FindMouseOver(g_UIManager.MousePosition, nullptr) == nullptr);
-    g_UIManager.MousePosition = {500, 500};
-    EXPECT_EQ(g_UIManager.SetMouseOverElement(), g_UIManager.Screen);
-    g_UIManager.MousePosition = {-10, -10};
-    EXPECT_EQ(g_UIManager.SetMouseOverElement(), nullptr);
+    const std::pair<_Point2i, TAVUElement*> cases[] = {{{15, 15}, button},
+                                                       {{50, 50}, panel},
+                                                       {{500, 500}, g_UIManager.Screen},
+                                                       {{-10, -10}, nullptr}};
+    for (const auto& [point, over] : cases) {
+        g_UIManager.MousePosition = point;
+        EXPECT_EQ(g_UIManager.SetMouseOverElement(), over) << point.x << "," << point.y;
+    }
     EXPECT_EQ(g_UIManager.MouseOverElementID, 0u);
+    _Point2i inPanel{50, 50};
+    EXPECT_EQ(button->FindMouseOver(inPanel, nullptr), nullptr);
 }
 
 TEST_F(Events, ThePressedElementHoldsTheMouseUntilItGoes) {
@@ -83,43 +79,6 @@ TEST_F(Events, ThePressedElementHoldsTheMouseUntilItGoes) {
     g_UIManager.MousePosition = {1, 1};
     EXPECT_EQ(g_UIManager.GetMouseOverElement(), g_UIManager.Screen);
     EXPECT_EQ(g_UIManager.LeftPressedElementID, 0u);
-}
-
-TEST_F(Events, AnElementThatDeletesItselfOnMouseEnterIsForgotten) {
-    TAVUElement* shy = MakeBox("Shy", 0, 0, 50, 50);
-    shy->OnMouseEnterScript = Script(shy, "vanish");
-    Host.OnExecuteAtom = [&](const FakeHost::AtomRun&) {
-        g_UIManager.Screen->DeleteChild(shy);
-        return 0;
-    };
-    g_UIManager.Render();
-    _Point2i point{10, 10};
-    g_UIManager.OnMouseMove(point); // enters, and the element deletes itself
-    Host.OnExecuteAtom = nullptr;
-    EXPECT_EQ(g_UIManager.FindElement("Shy"), nullptr);
-    _Point2i away{400, 400};
-    EXPECT_FALSE(g_UIManager.OnMouseMove(away)); // no exit is sent to the dead element
-    g_UIManager.Render();
-    EXPECT_EQ(g_UIManager.GetMouseOverElement(), g_UIManager.Screen);
-}
-
-TEST_F(Events, DeletingASiblingWhileDrawingSkipsItAndGoesOn) {
-    TAVUElement* first = MakeElement("First");
-    TAVUElement* second = MakeElement("Second");
-    TAVUElement* third = MakeElement("Third");
-    first->OnRender = Script(first, "kill the next one", "");
-    third->OnRender = Script(third, "draw", "");
-    Host.OnExecuteAtom = [&](const FakeHost::AtomRun& run) {
-        if (run.This == first && second) {
-            g_UIManager.Screen->DeleteChild(second);
-            second = nullptr;
-        }
-        return 0;
-    };
-    g_UIManager.Render(); // First is still there, so the walk goes on to Third
-    ASSERT_EQ(Host.AtomRuns.size(), 2u);
-    EXPECT_EQ(Host.AtomRuns[1].This, third);
-    EXPECT_EQ(g_UIManager.Screen->FirstChild->Next, third);
 }
 
 TEST_F(Events, UnloadScriptsThatDeleteAgainOrDeleteTheParentAreSafe) {

@@ -1,9 +1,5 @@
 #include "TAVUEmbeddedScript.h"
-#include "TAVUFixedFont.h"
-#include "TAVUFont.h"
 #include "TAVUScreen.h"
-#include "TAVUSkin.h"
-#include "TAVUTexture.h"
 #include "ToolkitTest.h"
 #include "Words.h"
 #include "XMLNode.h"
@@ -11,9 +7,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <memory>
-
+// Textures that scripts set from XML text are read back in tavuhost's
+// texture_keys case.
 using Reading = ToolkitTest;
 
 TEST_F(Reading, NodeOverTemplateOverDefaultWithFadeAlphaFollowingAlpha) {
@@ -48,22 +43,4 @@ TEST_F(Reading, EventsCompileWithTheirArgumentListsFromNodeOrTemplate) {
               "atom auto(int Offset)\n{\necho wheel\n}\n");
     EXPECT_EQ(element->OnRender, nullptr); // an empty script is no script
     EXPECT_TRUE(Host.Console.empty());
-}
-
-TEST_F(Reading, TexturesFromScriptTextReplaceTheOldOneUnderASkin) {
-    TAVUElement* element = MakeElement("Scripted");
-    g_UIManager.AddTemplate("Plain", "<Template Filename=\"#fill\"/>");
-    g_UIManager.AddTemplate("Red", "<Template Filename=\"#red\"/>");
-    g_UIManager.NewSkin("Warm")->AddTemplate("Plain", "Red");
-    TAVUTexture* texture = TAVUTexture::New("old.png");
-    char text[] = "<Texture Template=\"Plain\"/>";
-    char skin[] = "Warm";
-    char* argv[] = {text, skin};
-    ASSERT_TRUE(element->TextureFromArgs(2, argv, &texture));
-    EXPECT_STREQ(texture->Filename, "#red");
-    EXPECT_EQ(g_UIManager.CurrentSkin, nullptr);
-    char broken[] = "<Texture";
-    char* bad[] = {broken};
-    EXPECT_FALSE(element->TextureFromArgs(1, bad, &texture));
-    EXPECT_EQ(texture, nullptr); // the old one is gone either way
 }
