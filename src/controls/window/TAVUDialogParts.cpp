@@ -41,7 +41,9 @@ _CreateText TAVUDialogParts::TextRecord(const Message& message, TAVUFont* font, 
     _CreateText record;
     record.Width = BoxWidth(message, font);
     record.Height = int(unsigned(lineHeight * message.Lines + 1));
-    unsigned limit = box->Parent ? unsigned(box->Parent->Height * 0.75) : unsigned(record.Height);
+    // A parent of no height (or a negative one) leaves no room at all.
+    int parentHeight = box->Parent ? box->Parent->Height : record.Height;
+    unsigned limit = parentHeight > 0 ? unsigned(parentHeight * 0.75) : 0;
     if (unsigned(record.Height) > limit) record.Height = int(limit);
     record.X = 0;
     record.Y = 5;
