@@ -137,6 +137,9 @@ private:
     std::map<std::string, TopLevelObject, NameLess> TopLevelObjects;
     VariableScope Globals;
     std::vector<ScriptContext*> Stack;
+    // Kept until the engine goes, after the toolkit has shut down: an input or
+    // message box outlives the script that opened it and writes its answer
+    // into this record when it is answered or deleted.
     std::vector<std::unique_ptr<ScriptInstance>> Scripts;
     std::map<unsigned, std::shared_ptr<AtomDefinition>> Atoms;
     std::map<std::string, unsigned, NameLess> AtomsByName;

@@ -34,8 +34,8 @@ struct NamedObject {
 // registered. Each fills in its handler as it lands.
 const NamedCommand kCommands[] = {{"UI", UICommand},
                                   {"UIElement", UIElementCommand},
-                                  {"MessageBox", nullptr},
-                                  {"InputBox", nullptr}};
+                                  {"MessageBox", MessageBoxCommand},
+                                  {"InputBox", InputBoxCommand}};
 const NamedObject kTopLevelObjects[] = {
     {"UIElement", UIElementObject}, {"UserInput", UserInputObject}, {"Tavukit", TavukitObject}};
 

@@ -2,9 +2,15 @@
 
 #include "CUIManager.h"
 #include "Module.h"
+#include "RXScript.h"
 #include "StringHelpers.h"
 #include "TAVUElement.h"
 #include "TAVUScreen.h"
+#include "TAVUScriptInputBox.h"
+#include "TAVUScriptMessageBox.h"
+#include "TAVUTextEntry.h"
+
+#include <cstdio>
 
 namespace {
 const char kUISyntax[] = "Syntax: %s -reset|-[re]load [-parent <FQN>] [-skin <name>] <filename> "
@@ -15,6 +21,9 @@ const char kReloadUsage[] =
     "Usage: %s -reload [-parent <FQN>] [-skin <name>] <filename> [<element name> [new name]]";
 const char kUIElementSyntax[] =
     "Syntax: %s -list|-hide <name>|-show <name>|-toggle <name>|-kill <name>";
+const char kMessageBoxSyntax[] =
+    "Syntax: %s [-skin <name>] [-template <name>] [-ok|-okcancel|-yesno] <text>";
+const char kInputBoxSyntax[] = "Syntax: %s [-skin <name>] [-template <name>] <text> [default]";
 
 bool Is(const char* word, const char* option) {
     return StrCompareNoCase(word, option) == 0;
@@ -77,7 +86,151 @@ void ListTopLevelElements() {
         g_pHost->ConsolePrintf("%s '%s' - %s", child->Type, child->Name,
                                child->Visible ? "Shown" : "Hidden");
 }
+// The options both boxes begin with. A skin chosen here is the current one
+// while the box is made; the caller puts the old one back.
+struct BoxOptions {
+    XMLNode* Template = nullptr;
+    int Next = 1; // the first word after the options
+};
+
+BoxOptions ReadBoxOptions(int argc, char* argv[]) {
+    BoxOptions options;
+    if (argc > 1 && Is(argv[1], "-skin")) {
+        if (argc > 2) {
+            if (TAVUSkin* skin = g_UIManager.FindSkin(argv[2])) g_UIManager.CurrentSkin = skin;
+        }
+        options.Next = 3;
+    }
+    int& i = options.Next;
+    if (i < argc && Is(argv[i], "-template")) {
+        if (i + 1 < argc) options.Template = g_UIManager.FindTemplate(argv[i + 1]);
+        i += 2;
+    }
+    return options;
+}
+
+eMessageBoxType ReadBoxType(int argc, char* argv[], int& i) {
+    static const struct {
+        const char* Option;
+        eMessageBoxType Type;
+    } kTypes[] = {{"-ok", TAVU_MESSAGEBOX_OK},
+                  {"-okcancel", TAVU_MESSAGEBOX_OKCANCEL},
+                  {"-yesno", TAVU_MESSAGEBOX_YESNO}};
+    if (i >= argc) return TAVU_MESSAGEBOX_OK;
+    for (const auto& known : kTypes)
+        if (Is(argv[i], known.Option)) {
+            ++i;
+            return known.Type;
+        }
+    return TAVU_MESSAGEBOX_OK;
+}
+
+// The script's name in UTF-8, cut to the buffer.
+struct ScriptName {
+    explicit ScriptName(const RXScript* script) {
+        if (script->Name && WideCharToMultiByte(CP_UTF8, 0, script->Name, -1, Text,
+                                                int(sizeof(Text)), nullptr, nullptr) <= 0)
+            Text[0] = 0;
+        Text[sizeof(Text) - 1] = 0;
+    }
+    char Text[512] = "";
+};
+
+// "<script name> <kind>": one box of each kind per script at a time, since a
+// second one finds its name taken.
+struct BoxName {
+    BoxName(const ScriptName& script, const char* kind) {
+        snprintf(Text, sizeof(Text), "%s %s", script.Text, kind);
+    }
+    char Text[600];
+};
+
+// A record that starts waiting for a new answer forgets the last one.
+void ForgetLastAnswer(RXScript* script) {
+    if (script->UserInput) script->SetUserInput(nullptr);
+}
+
+bool InAtom(const RXScript* script) {
+    return script->InAtom && *script->InAtom;
+}
+
+TAVUMessageBox* OpenMessageBox(const char* text, eMessageBoxType type, XMLNode* templateNode) {
+    RXScript* script = g_pHost->GetCurrentScript();
+    if (!script || InAtom(script)) {
+        auto* box = static_cast<TAVUMessageBox*>(
+            g_UIManager.LoadElement(g_UIManager.Screen, "messagebox", "MessageBox"));
+        if (box) box->Create("Alert", text, type, templateNode);
+        return box;
+    }
+    ScriptName scriptName(script);
+    auto* box = static_cast<TAVUScriptMessageBox*>(g_UIManager.LoadElement(
+        g_UIManager.Screen, "scriptmessagebox", BoxName(scriptName, "MessageBox").Text));
+    if (!box) return nullptr;
+    box->Script = script;
+    script->OpenMessageBox = box;
+    ForgetLastAnswer(script);
+    box->Create(scriptName.Text, text, type, templateNode);
+    return box;
+}
+
 } // namespace
+
+int MessageBoxCommand(int argc, char* argv[]) {
+    if (argc < 2) {
+        g_pHost->ConsolePrintf(kMessageBoxSyntax, argv[0]);
+        return 0;
+    }
+    TAVUSkin* skin = g_UIManager.CurrentSkin;
+    BoxOptions options = ReadBoxOptions(argc, argv);
+    int i = options.Next;
+    eMessageBoxType type = ReadBoxType(argc, argv, i);
+    if (i >= argc)
+        g_pHost->ConsolePrintf(kMessageBoxSyntax, argv[0]);
+    else if (!OpenMessageBox(argv[i], type, options.Template))
+        g_pHost->ConsolePrintf("%s failed", argv[0]);
+    g_UIManager.CurrentSkin = skin;
+    return 0;
+}
+
+int InputBoxCommand(int argc, char* argv[]) {
+    RXScript* script = g_pHost->GetCurrentScript();
+    if (!script) {
+        g_pHost->ConsolePrintf(
+            "You don't look like a script, or talk like a script...dont try to be one :)");
+        return 1;
+    }
+    if (InAtom(script)) {
+        g_pHost->ConsolePrintf("'%s' is not available in atoms", argv[0]);
+        return 1;
+    }
+    if (argc < 2) {
+        g_pHost->ConsolePrintf(kInputBoxSyntax, argv[0]);
+        return 0;
+    }
+    TAVUSkin* skin = g_UIManager.CurrentSkin;
+    BoxOptions options = ReadBoxOptions(argc, argv);
+    int i = options.Next;
+    if (i >= argc) {
+        g_pHost->ConsolePrintf(kInputBoxSyntax, argv[0]);
+        g_UIManager.CurrentSkin = skin;
+        return 0;
+    }
+    ScriptName scriptName(script);
+    auto* box = static_cast<TAVUScriptInputBox*>(g_UIManager.LoadElement(
+        g_UIManager.Screen, "scriptinputbox", BoxName(scriptName, "InputBox").Text));
+    if (box) {
+        box->Script = script;
+        script->OpenInputBox = box;
+        ForgetLastAnswer(script);
+        box->Create(scriptName.Text, argv[i], i + 1 < argc ? argv[i + 1] : nullptr,
+                    options.Template);
+        if (box->Entry) g_UIManager.SetFocusElement(box->Entry);
+    } else {
+        g_pHost->ConsolePrintf("%s failed", argv[0]);
+    }
+    g_UIManager.CurrentSkin = skin;
+    return 0;
+}
 
 int UICommand(int argc, char* argv[]) {
     if (argc < 2) {

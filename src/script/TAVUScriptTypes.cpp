@@ -10,6 +10,7 @@
 #include "TAVUGaugeType.h"
 #include "TAVUListBoxItemType.h"
 #include "TAVUListBoxType.h"
+#include "TAVUMessageBoxType.h"
 #include "TAVUScrollBarType.h"
 #include "TAVUSliderType.h"
 #include "TAVUTextEntryType.h"
@@ -63,7 +64,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavuhudelement", &pTAVUHudElementType, nullptr, &pTAVUElementType},
     {"tavumapblip", &pTAVUMapBlipType, nullptr, &pTAVUFrameType},
     {"tavumap", &pTAVUMapType, nullptr, &pTAVUElementType},
-    {"tavumessagebox", &pTAVUMessageBoxType, nullptr, &pTAVUElementType},
+    {"tavumessagebox", &pTAVUMessageBoxType, TAVUMessageBoxType::Make, &pTAVUElementType},
     {"tavuscrollbar", &pTAVUScrollBarType, TAVUScrollBarType::Make, &pTAVUElementType},
     {"tavuslider", &pTAVUSliderType, TAVUSliderType::Make, &pTAVUElementType},
     {"tavutab", &pTAVUTabType, nullptr, &pTAVUFrameType},
