@@ -130,26 +130,9 @@ TEST_F(TabControlTest, RemovingClosesTheOrderAndTheNextDrawingSelectsTheFirstSil
     EXPECT_EQ(Events(), "2");
     RenderFrame();
     EXPECT_EQ(State(control), "Three One | Three");
-    EXPECT_TRUE(Host.AtomRuns.empty()); // chosen without an event
+    EXPECT_TRUE(Host.AtomRuns.empty());                             // chosen without an event
     EXPECT_EQ(control->AddTab("Two", nullptr, "two", nullptr), 2u); // the freed ID again
     EXPECT_EQ(State(control), "Three One Two | Three");
-}
-
-TEST_F(TabControlTest, MoveTabClampsToTheLastPlace) {
-    const struct {
-        unsigned Id, Place;
-        const char* Expected;
-    } cases[] = {
-        {1, 2, "Two Three One "},  {3, 0, "Three One Two "}, {2, 1, "One Two Three "},
-        {1, 99, "Two Three One "}, {2, 0, "Two One Three "},
-    };
-    for (const auto& c : cases) {
-        TAVUTabControl* control = Tabs();
-        ASSERT_NE(control, nullptr);
-        control->MoveTab(control->Tabs[c.Id - 1], c.Place);
-        EXPECT_EQ(State(control), std::string(c.Expected) + "| One") << c.Id << " to " << c.Place;
-        Parent->DeleteChild(control);
-    }
 }
 
 // Dragging follows GetOrderFromPoint: left of the control is FirstVisible,

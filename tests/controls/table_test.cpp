@@ -68,6 +68,10 @@ TEST_F(TableTest, RowsAndColumnsTakeWhatTheirCellsAskAndShareTheRest) {
          "<Row><Cell/><Cell/></Row><Row><Cell/></Row>",
          "cell 0 0 0 30 10; cell 1 30 0 30 10; cell 2 0 10 30 20; cell 3 30 10 30 10; "
          "cell 4 30 20 30 10; cell 5 0 30 30 10; - "},
+        // A fraction of the height; two shared columns, the first taking the odd pixel.
+        {201, 40,
+         "<Row><Cell><Height>0.25</Height></Cell><Cell/></Row><Row><Cell ColSpan=\"2\"/></Row>",
+         "cell 0 0 0 101 10; cell 1 101 0 100 10; cell 2 0 10 201 30; "},
         // Fixed rows above the table's height leave the automatic one a wrapped share.
         {10, 10, "<Row><Cell><Height>30</Height></Cell></Row><Row><Cell/></Row>",
          "cell 0 0 0 10 30; cell 1 0 30 10 -20; "},
@@ -78,17 +82,6 @@ TEST_F(TableTest, RowsAndColumnsTakeWhatTheirCellsAskAndShareTheRest) {
         EXPECT_EQ(Layout(table), c.Expected) << c.Rows;
         Parent->DeleteChild(table);
     }
-}
-
-TEST_F(TableTest, ResizingLaysTheSameGridOutAgain) {
-    TAVUTable* table = Table(100, 100,
-                             "<Row><Cell><Height>0.25</Height></Cell><Cell/></Row>"
-                             "<Row><Cell ColSpan=\"2\"/></Row>");
-    ASSERT_NE(table, nullptr);
-    table->Width = 201;
-    table->Height = 40;
-    table->SizeRecalculated(true);
-    EXPECT_EQ(Layout(table), "cell 0 0 0 101 10; cell 1 101 0 100 10; cell 2 0 10 201 30; ");
 }
 
 // Grids with nothing to place, or too many slots to build, stay plain frames.
@@ -113,17 +106,6 @@ TEST_F(TableTest, EmptyAndAbsurdGridsLeaveAPlainFrame) {
         table->SizeRecalculated(true);
         Parent->DeleteChild(table);
     }
-}
-
-TEST_F(TableTest, CellsUseTheTablesTemplateAndSpansReadAsAttributesOnly) {
-    auto* table = Load<TAVUTable>("table", "Templated",
-                                  "<t><Width>40</Width><Height>40</Height>"
-                                  "<Template>nosuchtemplate</Template>"
-                                  "<Row><Cell><ColSpan>2</ColSpan></Cell><Cell/></Row></t>");
-    ASSERT_NE(table, nullptr);
-    EXPECT_STREQ(table->CellTemplate, "nosuchtemplate");
-    EXPECT_EQ(table->ColumnCount, 2u); // the value element is no attribute
-    EXPECT_EQ(Layout(table), "cell 0 0 0 20 40; cell 1 20 0 20 40; ");
 }
 
 // Under ASan: a cell that a script deletes leaves its slots before the next layout.
