@@ -222,3 +222,24 @@ TEST_F(TabControlTest, APageDeletedByScriptIsForgotten) {
     control->RemoveTab(2);
     EXPECT_EQ(State(control), "One Three | none");
 }
+
+// Under ASan: a tab dragged to the last place the order has room for, past
+// the others, must leave no copy behind when the tabs before it go.
+TEST_F(TabControlTest, ATabDraggedPastTheOthersLeavesNoCopyWhenTabsGo) {
+    std::string tabs;
+    for (int i = 0; i < 10; ++i)
+        tabs += "<Tab Name=\"T" + std::to_string(i) + "\"/>";
+    TAVUTabControl* control = Tabs("<Draggable>1</Draggable>", tabs);
+    ASSERT_NE(control, nullptr);
+    control->FirstVisible = 9;
+    for (unsigned id = 2; id <= 9; ++id)
+        control->RemoveTab(id);
+    control->DragTab = 1;
+    _Point2i leftOfTheControl{0, 30};
+    control->OnMouseMove(leftOfTheControl); // to FirstVisible, the last place
+    control->RemoveTab(10);
+    control->RemoveTab(1);
+    control->AddTab("New", nullptr, "new", nullptr);
+    RenderFrame();
+    EXPECT_EQ(State(control), "New | New");
+}

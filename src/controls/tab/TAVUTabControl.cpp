@@ -200,6 +200,9 @@ void TAVUTabControl::RemoveTab(unsigned id) {
         Ordered.Set(order, later);
         if (later) later->Order = order;
     }
+    // The last place was copied one down; a tab dragged past the others may
+    // have stood there, and must not be left in two places.
+    Ordered.Remove(Ordered.GetSize() - 1);
     --TabCount;
     Ordered.Remove(TabCount);
     TAVUFrame* page = tab->Frame;
