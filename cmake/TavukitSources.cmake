@@ -10,4 +10,5 @@ file(GLOB TAVUKIT_INCLUDE_DIRS LIST_DIRECTORIES true
      ${CMAKE_SOURCE_DIR}/src/resources ${CMAKE_SOURCE_DIR}/src/script
      ${CMAKE_SOURCE_DIR}/src/controls/text ${CMAKE_SOURCE_DIR}/src/controls/basic
      ${CMAKE_SOURCE_DIR}/src/controls/window ${CMAKE_SOURCE_DIR}/src/controls/map
-     ${CMAKE_SOURCE_DIR}/src/controls/list)
+     ${CMAKE_SOURCE_DIR}/src/controls/list ${CMAKE_SOURCE_DIR}/src/controls/tab
+     ${CMAKE_SOURCE_DIR}/src/controls/table)

@@ -41,6 +41,13 @@ public:
         return place;
     }
 
+    // Stores a pointer in a place that exists; a place beyond the end is ignored.
+    void Set(unsigned place, T item) {
+        EnterCriticalSection(&Lock);
+        if (place < Size) Array[place] = item;
+        LeaveCriticalSection(&Lock);
+    }
+
     // Frees a place; the pointer itself is the caller's.
     void Remove(unsigned place) {
         EnterCriticalSection(&Lock);

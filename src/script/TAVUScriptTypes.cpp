@@ -13,6 +13,8 @@
 #include "TAVUMessageBoxType.h"
 #include "TAVUScrollBarType.h"
 #include "TAVUSliderType.h"
+#include "TAVUTabControlType.h"
+#include "TAVUTabType.h"
 #include "TAVUTextEntryType.h"
 #include "TAVUTextType.h"
 #include "TAVUTextureType.h"
@@ -67,8 +69,8 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavumessagebox", &pTAVUMessageBoxType, TAVUMessageBoxType::Make, &pTAVUElementType},
     {"tavuscrollbar", &pTAVUScrollBarType, TAVUScrollBarType::Make, &pTAVUElementType},
     {"tavuslider", &pTAVUSliderType, TAVUSliderType::Make, &pTAVUElementType},
-    {"tavutab", &pTAVUTabType, nullptr, &pTAVUFrameType},
-    {"tavutabcontrol", &pTAVUTabControlType, nullptr, &pTAVUFrameType},
+    {"tavutab", &pTAVUTabType, TAVUTabType::Make, &pTAVUFrameType},
+    {"tavutabcontrol", &pTAVUTabControlType, TAVUTabControlType::Make, &pTAVUFrameType},
     {"tavutext", &pTAVUTextType, TAVUTextType::Make, &pTAVUElementType},
     {"tavutextedit", &pTAVUTextEditType, nullptr, &pTAVUElementType},
     {"tavutextentry", &pTAVUTextEntryType, TAVUTextEntryType::Make, &pTAVUElementType},
