@@ -12,10 +12,6 @@
 namespace {
 const char kTypeWord[] = "button";
 
-void ReplaceTexture(TAVUTexture*& field, TAVUTexture* texture) {
-    TAVUTexture::Delete(field);
-    field = texture;
-}
 } // namespace
 
 TAVUFactory<TAVUButton> g_TAVUButtonFactory(kTypeWord);
@@ -40,9 +36,11 @@ bool TAVUButton::FromXML(XMLNode* node, XMLNode* templateNode) {
     TAVUFont::Delete(Font);
     Font = FontFromXML(node, "Font", templateNode);
     Text.PreParse(TAVUControlHelpers::ReadString(node, templateNode, "Text"));
-    ReplaceTexture(Texture, TextureFromXML(node, "Texture", templateNode));
-    ReplaceTexture(TexturePressed, TextureFromXML(node, "TexturePressed", templateNode));
-    ReplaceTexture(TextureHover, TextureFromXML(node, "TextureHover", templateNode));
+    TAVUControlHelpers::ReplaceTexture(Texture, TextureFromXML(node, "Texture", templateNode));
+    TAVUControlHelpers::ReplaceTexture(TexturePressed,
+                                       TextureFromXML(node, "TexturePressed", templateNode));
+    TAVUControlHelpers::ReplaceTexture(TextureHover,
+                                       TextureFromXML(node, "TextureHover", templateNode));
     TAVUTexture* textures[] = {Texture, TexturePressed, TextureHover};
     TAVUControlHelpers::ApplyColorMask(node, templateNode, textures, 3);
     return true;
@@ -65,9 +63,11 @@ void TAVUButton::Create(_CreateButton& create, XMLNode* templateNode) {
     TAVUFont::Delete(Font);
     Font = TAVUFont::New(this, create.Font, templateNode);
     if (!create.UseTemplateTextures) return;
-    ReplaceTexture(Texture, TextureFromXML(templateNode, "Texture", nullptr));
-    ReplaceTexture(TexturePressed, TextureFromXML(templateNode, "TexturePressed", nullptr));
-    ReplaceTexture(TextureHover, TextureFromXML(templateNode, "TextureHover", nullptr));
+    TAVUControlHelpers::ReplaceTexture(Texture, TextureFromXML(templateNode, "Texture", nullptr));
+    TAVUControlHelpers::ReplaceTexture(TexturePressed,
+                                       TextureFromXML(templateNode, "TexturePressed", nullptr));
+    TAVUControlHelpers::ReplaceTexture(TextureHover,
+                                       TextureFromXML(templateNode, "TextureHover", nullptr));
 }
 
 TAVUTexture* TAVUButton::ChooseTexture() {

@@ -48,6 +48,11 @@ bool TAVUControlHelpers::ReadToggle(XMLNode* node, XMLNode* templateNode, const 
     return ReadTwice(XMLHelper::GetToggle, node, templateNode, key, defaultValue);
 }
 
+void TAVUControlHelpers::ReplaceTexture(TAVUTexture*& field, TAVUTexture* texture) {
+    TAVUTexture::Delete(field);
+    field = texture;
+}
+
 const char* TAVUControlHelpers::ReadString(XMLNode* node, XMLNode* templateNode, const char* key) {
     return ReadTwice<const char*>(XMLHelper::GetStringValue, node, templateNode, key, "");
 }

@@ -36,6 +36,9 @@ public:
     // The text stays owned by the document it was read from.
     static const char* ReadString(XMLNode* node, XMLNode* templateNode, const char* key);
 
+    // Frees the texture a field holds and keeps the new one (null clears it).
+    static void ReplaceTexture(TAVUTexture*& field, TAVUTexture* texture);
+
     // A non-zero "ColorMask" attribute (of the node, else of the template) is
     // written into each texture there is, with the flag that makes it apply.
     static void ApplyColorMask(XMLNode* node, XMLNode* templateNode, TAVUTexture* const* textures,

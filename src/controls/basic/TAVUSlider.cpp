@@ -25,10 +25,6 @@ unsigned ScaleTruncated(unsigned part, unsigned whole, unsigned scale) {
     return scaled >= float(scale) ? scale : TruncateToUnsigned(scaled);
 }
 
-void ReplaceTexture(TAVUTexture*& field, TAVUTexture* texture) {
-    TAVUTexture::Delete(field);
-    field = texture;
-}
 } // namespace
 
 TAVUFactory<TAVUSlider> g_TAVUSliderFactory(kTypeWord);
@@ -52,8 +48,9 @@ bool TAVUSlider::FromXML(XMLNode* node, XMLNode* templateNode) {
     Vertical = TAVUControlHelpers::ReadToggle(node, templateNode, "Vertical", false);
     Range = TAVUControlHelpers::ReadInt(node, templateNode, "Range", 0);
     Border = TAVUControlHelpers::ReadInt(node, templateNode, "Border", 0);
-    ReplaceTexture(Texture, TextureFromXML(node, "Texture", templateNode));
-    ReplaceTexture(HandleTexture, TextureFromXML(node, "HandleTexture", templateNode));
+    TAVUControlHelpers::ReplaceTexture(Texture, TextureFromXML(node, "Texture", templateNode));
+    TAVUControlHelpers::ReplaceTexture(HandleTexture,
+                                       TextureFromXML(node, "HandleTexture", templateNode));
     if (TAVUEmbeddedScript* script = EmbeddedScriptFromXML(node, "OnChange", templateNode, "")) {
         if (OnChange) OnChange->Delete();
         OnChange = script;
@@ -74,8 +71,9 @@ void TAVUSlider::Create(_CreateSlider& create, XMLNode* templateNode) {
     Border = create.Border ? create.Border : XMLHelper::GetIntValue(templateNode, "Border", 0);
     Vertical = create.Vertical;
     if (!create.UseTemplateTextures) return;
-    ReplaceTexture(Texture, TextureFromXML(templateNode, "Texture", nullptr));
-    ReplaceTexture(HandleTexture, TextureFromXML(templateNode, "HandleTexture", nullptr));
+    TAVUControlHelpers::ReplaceTexture(Texture, TextureFromXML(templateNode, "Texture", nullptr));
+    TAVUControlHelpers::ReplaceTexture(HandleTexture,
+                                       TextureFromXML(templateNode, "HandleTexture", nullptr));
 }
 
 bool TAVUSlider::Travel(unsigned& track) {

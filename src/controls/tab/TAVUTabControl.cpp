@@ -28,11 +28,6 @@ const TAVUTabControl::ScrollButtonKeys kRightKeys = {
 // What a tab's strip width adds to its text: the padding and the two borders.
 const unsigned kTabPadding = 12 + 4;
 
-void ReplaceTexture(TAVUTexture*& field, TAVUTexture* texture) {
-    TAVUTexture::Delete(field);
-    field = texture;
-}
-
 // Textures the template already gave the button stay.
 void FillTexture(TAVUElement* reader, TAVUTexture*& field, XMLNode* node, const char* key,
                  XMLNode* templateNode) {
@@ -63,8 +58,10 @@ bool TAVUTabControl::FromXML(XMLNode* node, XMLNode* templateNode) {
     SelectedTextColor = TAVUControlHelpers::ReadHex(node, templateNode, "SelectedTextColor", 0);
     TabHeight = TAVUControlHelpers::ReadInt(node, templateNode, "TabHeight", 0);
     TabBorder = TAVUControlHelpers::ReadInt(node, templateNode, "TabBorder", 0);
-    ReplaceTexture(TabTexture, TextureFromXML(node, "TabTexture", templateNode));
-    ReplaceTexture(TabSelectedTexture, TextureFromXML(node, "TabSelectedTexture", templateNode));
+    TAVUControlHelpers::ReplaceTexture(TabTexture,
+                                       TextureFromXML(node, "TabTexture", templateNode));
+    TAVUControlHelpers::ReplaceTexture(TabSelectedTexture,
+                                       TextureFromXML(node, "TabSelectedTexture", templateNode));
     TAVUFont::Delete(Font);
     Font = FontFromXML(node, "Font", templateNode);
     if (TAVUEmbeddedScript* script =
@@ -72,7 +69,8 @@ bool TAVUTabControl::FromXML(XMLNode* node, XMLNode* templateNode) {
         if (OnSelect) OnSelect->Delete();
         OnSelect = script;
     }
-    ReplaceTexture(FrameTexture, TextureFromXML(node, "FrameTexture", templateNode));
+    TAVUControlHelpers::ReplaceTexture(FrameTexture,
+                                       TextureFromXML(node, "FrameTexture", templateNode));
     FrameBackgroundColor =
         TAVUControlHelpers::ReadHex(node, templateNode, "FrameBackgroundColor", 0);
     FrameBorder = TAVUControlHelpers::ReadInt(node, templateNode, "FrameBorder", 0);

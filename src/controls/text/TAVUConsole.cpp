@@ -26,11 +26,6 @@ const int kTextLeft = 3; // the text's inset from the left edge, in pixels
 const int kTextTop = 2;
 const int kWheelStep = 40; // a wheel notch of 120 moves three lines
 
-void ReplaceTexture(TAVUTexture*& field, TAVUTexture* texture) {
-    TAVUTexture::Delete(field);
-    field = texture;
-}
-
 int ClampInt(int value, int low, int high) {
     return std::max(low, std::min(value, high));
 }
@@ -70,8 +65,9 @@ bool TAVUConsole::FromXML(XMLNode* node, XMLNode* templateNode) {
     Border = TAVUControlHelpers::ReadInt(node, templateNode, "Border", 0);
     TAVUFont::Delete(Font);
     Font = FixedFontFromXML(node, "Font", templateNode);
-    ReplaceTexture(Texture, TextureFromXML(node, "Texture", templateNode));
-    ReplaceTexture(ScrollbackTexture, TextureFromXML(node, "ScrollbackTexture", templateNode));
+    TAVUControlHelpers::ReplaceTexture(Texture, TextureFromXML(node, "Texture", templateNode));
+    TAVUControlHelpers::ReplaceTexture(ScrollbackTexture,
+                                       TextureFromXML(node, "ScrollbackTexture", templateNode));
     int size = int(TAVUControlHelpers::ReadInt(node, templateNode, "BackBufferSize", 0));
     FreeLines(); // its slots are counted by the size they were made with
     BackBufferSize = std::max(size, int(MinimumBackBuffer));

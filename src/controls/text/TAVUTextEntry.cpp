@@ -28,11 +28,6 @@ unsigned ClampMaxLength(unsigned length) {
                                                     : length;
 }
 
-void ReplaceTexture(TAVUTexture*& field, TAVUTexture* texture) {
-    TAVUTexture::Delete(field);
-    field = texture;
-}
-
 unsigned FirstOr(unsigned value, unsigned fallback) {
     return value ? value : fallback;
 }
@@ -103,8 +98,9 @@ void TAVUTextEntry::ReadKeys(XMLNode* node, XMLNode* templateNode) {
         if (OnChange) OnChange->Delete();
         OnChange = script;
     }
-    ReplaceTexture(Texture, TextureFromXML(node, "Texture", templateNode));
-    ReplaceTexture(TextureFocused, TextureFromXML(node, "TextureFocused", templateNode));
+    TAVUControlHelpers::ReplaceTexture(Texture, TextureFromXML(node, "Texture", templateNode));
+    TAVUControlHelpers::ReplaceTexture(TextureFocused,
+                                       TextureFromXML(node, "TextureFocused", templateNode));
     PasswordCharacter = TAVUControlHelpers::ReadString(node, templateNode, "PasswordCharacter")[0];
 }
 
