@@ -53,7 +53,8 @@ void BM_DragSlider(benchmark::State& state) {
     }
     size_t allocations = AllocationCount::Stop();
     if (AllocationCount::Counted)
-        state.counters["allocs_per_move"] = double(allocations) / double(state.iterations() * kMoves);
+        state.counters["allocs_per_move"] =
+            double(allocations) / double(state.iterations() * kMoves);
     // Tells that the moves really dragged the handle.
     state.counters["changes_per_move"] = double(changes) / double(state.iterations() * kMoves);
     state.counters["ns_per_move"] =
