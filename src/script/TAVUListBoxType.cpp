@@ -1,6 +1,7 @@
 #include "TAVUListBoxType.h"
 
 #include "Module.h"
+#include "StableSort.h"
 #include "StringHelpers.h"
 #include "TAVUElementWatch.h"
 #include "TAVUListBox.h"
@@ -119,7 +120,7 @@ bool SortByAtom(TAVUListBox* list, const char* name) {
     AtomSort outer = g_AtomSort;
     g_AtomSort = {atom, list};
     TAVUElementWatch watch(list);
-    qsort(ids.data(), ids.size(), sizeof(unsigned), CompareByAtom);
+    StableSort(ids.data(), ids.size(), CompareByAtom);
     g_AtomSort = outer;
     if (watch.Alive()) list->TakeOrder(ids.data(), unsigned(ids.size()));
     return true;

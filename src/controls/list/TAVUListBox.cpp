@@ -2,6 +2,7 @@
 
 #include "CUIManager.h"
 #include "NumberHelpers.h"
+#include "StableSort.h"
 #include "StringHelpers.h"
 #include "TAVUControlHelpers.h"
 #include "TAVUElementWatch.h"
@@ -415,7 +416,7 @@ unsigned TAVUListBox::GetOrderFromPoint(_Point2i& point) {
 }
 
 void TAVUListBox::SortItems(ListBoxCompare compare) {
-    if (ItemCount > 1) qsort(Ordered.Data(), ItemCount, sizeof(ListBoxItem*), compare);
+    StableSort(Ordered.Data(), ItemCount, compare);
     for (unsigned order = 0; order < ItemCount; ++order)
         Ordered.Get(order)->Order = order;
 }
@@ -438,8 +439,7 @@ bool TAVUListBox::TakeOrder(const unsigned* ids, unsigned count) {
 // A custom comparison leaves the items' Order numbers as they were.
 void TAVUListBox::ApplySort() {
     if (Sort == SortCustom) {
-        if (CustomCompare && ItemCount > 1)
-            qsort(Ordered.Data(), ItemCount, sizeof(ListBoxItem*), CustomCompare);
+        StableSort(Ordered.Data(), ItemCount, CustomCompare);
         return;
     }
     if (ListBoxCompare compare = SortComparison(Sort)) SortItems(compare);
