@@ -28,8 +28,8 @@ uint64_t SpanOf(XMLNode* cell, const char* key) {
 }
 
 // A cell's size asks for something unless it is 0 pixels.
-bool Asks(const ElementPosition& spec) {
-    return spec.Type != ElementPosition::Absolute || spec.Value.Pixels != 0;
+bool Asks(const ElementPosition& position) {
+    return position.Type != ElementPosition::Absolute || position.Value.Pixels != 0;
 }
 
 // Of two requests of one kind the larger size wins; of two kinds, the later.
@@ -46,14 +46,14 @@ void Merge(const ElementPosition& asked, ElementPosition& into) {
         into.Value.Pixels = std::max(into.Value.Pixels, asked.Value.Pixels);
 }
 
-unsigned SizeOf(const ElementPosition& spec, int size) {
-    switch (spec.Type) {
+unsigned SizeOf(const ElementPosition& position, int size) {
+    switch (position.Type) {
     case ElementPosition::Fraction:
-        return unsigned(TruncateToInt(float(size) * spec.Value.Factor));
+        return unsigned(TruncateToInt(float(size) * position.Value.Factor));
     case ElementPosition::FarEdge:
-        return unsigned(size) - unsigned(spec.Value.Pixels);
+        return unsigned(size) - unsigned(position.Value.Pixels);
     default:
-        return unsigned(spec.Value.Pixels);
+        return unsigned(position.Value.Pixels);
     }
 }
 
