@@ -46,6 +46,7 @@ HostSession::HostSession(const HostOptions& options)
     Engine.SetConsole([this](const std::string& line) {
         PrintLine(line);
         Consoles.Route(line);
+        if (Live) Live->Heard(line);
     });
     Host.SetDisplaySize(options.Width, options.Height);
     if (options.Renders()) {
@@ -54,11 +55,31 @@ HostSession::HostSession(const HostOptions& options)
             fprintf(stderr, "tavuhost: this build has no font library: text is measured "
                             "but not drawn\n");
         Host.AttachRenderer(Renderer.get());
+        Painter = std::make_unique<OverlayPainter>(*Renderer);
     }
     for (const std::string& file : options.Files)
         Host.AddSearchFolder(FolderOf(file));
     for (const std::string& folder : options.Paths)
         Host.AddSearchFolder(folder);
+    ConnectTools();
+}
+
+// The reloader learns every file that the interface reads, and paints its
+// problem over each frame.
+void HostSession::ConnectTools() {
+    if (Options.Watch) {
+        Live = std::make_unique<LiveReload>(Module, Engine, Options.Files);
+        Host.SetFileListener(
+            [this](const std::string& path, bool isInterface) { Live->Watch(path, isInterface); });
+    }
+    Host.SetFramePainter([this](SoftwareRenderer&) {
+        if (!Painter) return;
+        if (Live) Live->Paint(*Painter);
+    });
+}
+
+void HostSession::PollFiles() {
+    if (Live) Live->Poll();
 }
 
 HostSession::~HostSession() {
@@ -168,6 +189,7 @@ bool HostSession::RunScript() {
                          std::to_string(MaxScriptFrames) + " frames");
             return true;
         }
+        PollFiles();
         if (state == ScriptEngine::ScriptState::WaitTime)
             Host.Wait(milliseconds);
         else
@@ -201,9 +223,14 @@ bool HostSession::RunWindow() {
     ScriptInstance* script = Options.Script.empty() ? nullptr : LoadScript();
     bool loaded = Options.Script.empty() || script;
     uint32_t resumeAt = Window.Now();
+    uint32_t pollAt = resumeAt;
     while (!Engine.ExitRequested() && Window.Pump(Host)) {
         uint32_t started = Window.Now();
         ResumeScript(script, resumeAt);
+        if (int32_t(started - pollAt) >= 0) {
+            PollFiles();
+            pollAt = started + WatchMilliseconds;
+        }
         Host.Frame();
         Window.Present(Renderer->Frame());
         uint32_t spent = Window.Now() - started;
@@ -240,8 +267,10 @@ int HostSession::Run() {
         if (!RunWindow()) failed = true;
     } else {
         if (!Options.Script.empty() && !Engine.ExitRequested() && !RunScript()) failed = true;
-        for (unsigned frame = 0; frame < Options.Frames && !Engine.ExitRequested(); ++frame)
+        for (unsigned frame = 0; frame < Options.Frames && !Engine.ExitRequested(); ++frame) {
+            PollFiles();
             Host.Frame();
+        }
     }
     if (!Options.Png.empty() && !WritePng()) failed = true;
     ManagerAccess::Shutdown(Manager);
