@@ -29,6 +29,7 @@ const char* HostOptions::Usage() {
            "                  (for the screenshot command)\n"
            "  --png FILE      paint the frames and write the last one to FILE\n"
            "  --window        show the interface in a window to click and type into\n"
+           "                  (F12 there opens the inspector)\n"
            "  --watch         reload the interface when a file of it changes on disk\n"
            "  --help          show this text\n";
 }

@@ -42,10 +42,11 @@ void PrintLine(const std::string& line) {
 HostSession::HostSession(const HostOptions& options)
     : Options(options), Host(Engine, Trace, Module),
       Objects(Engine, Host.DisplayWidth(), Host.DisplayHeight()),
-      Consoles(Engine, Host.CurrentConsole()) {
+      Consoles(Engine, Host.CurrentConsole()), Inspect(Module, Engine, Host) {
     Engine.SetConsole([this](const std::string& line) {
         PrintLine(line);
         Consoles.Route(line);
+        Inspect.Heard(line);
         if (Live) Live->Heard(line);
     });
     Host.SetDisplaySize(options.Width, options.Height);
@@ -64,9 +65,14 @@ HostSession::HostSession(const HostOptions& options)
     ConnectTools();
 }
 
-// The reloader learns every file that the interface reads, and paints its
-// problem over each frame.
+// The inspector hears the console and the element events and takes the input
+// first; the reloader learns every file that the interface reads; both paint
+// over each frame.
 void HostSession::ConnectTools() {
+    Host.RouteInputThrough(&Inspect);
+    Host.SetEventListener(
+        [this](TAVUElement* element, unsigned atom) { Inspect.EventStarted(element, atom); });
+    if (Options.Window) Inspect.Arm();
     if (Options.Watch) {
         Live = std::make_unique<LiveReload>(Module, Engine, Options.Files);
         Host.SetFileListener(
@@ -75,6 +81,7 @@ void HostSession::ConnectTools() {
     Host.SetFramePainter([this](SoftwareRenderer&) {
         if (!Painter) return;
         if (Live) Live->Paint(*Painter);
+        Inspect.Paint(*Painter);
     });
 }
 
@@ -224,7 +231,7 @@ bool HostSession::RunWindow() {
     bool loaded = Options.Script.empty() || script;
     uint32_t resumeAt = Window.Now();
     uint32_t pollAt = resumeAt;
-    while (!Engine.ExitRequested() && Window.Pump(Host)) {
+    while (!Engine.ExitRequested() && Window.Pump(Inspect)) {
         uint32_t started = Window.Now();
         ResumeScript(script, resumeAt);
         if (int32_t(started - pollAt) >= 0) {

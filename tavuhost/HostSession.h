@@ -13,6 +13,7 @@
 #include "SoftwareRenderer.h"
 #include "ConsoleElements.h"
 #include "ElementModules.h"
+#include "Inspector.h"
 #include "LiveReload.h"
 #include "OverlayPainter.h"
 #include "TavukitModule.h"
@@ -64,6 +65,7 @@ private:
     HeadlessHost Host;
     HostObjects Objects;
     ConsoleElements Consoles;
+    Inspector Inspect;                       // stands between the input and Host
     std::unique_ptr<LiveReload> Live;        // with --watch
     std::unique_ptr<OverlayPainter> Painter; // when frames are painted
     CUIManager* Manager = nullptr;

@@ -45,6 +45,20 @@ void OverlayPainter::Text(int x, int y, const std::string& text, uint32_t color)
     Renderer.DrawText(FontHandle, text.c_str(), rect, color, TAVU_DT_SINGLELINE, width);
 }
 
+int OverlayPainter::TextWidth(const std::string& text) const {
+    size_t width = 0;
+    // Without a font the text is not drawn; a fixed advance keeps the boxes sized.
+    if (!HasFont || !Renderer.MeasureText(FontHandle, text.c_str(), width)) width = text.size() * 7;
+    return int(std::min<size_t>(width, 1 << 20));
+}
+
+int OverlayPainter::FitWidth(const std::string* lines, size_t count) const {
+    int widest = 0;
+    for (size_t i = 0; i < count; ++i)
+        widest = std::max(widest, TextWidth(lines[i]));
+    return widest + 2 * Margin;
+}
+
 void OverlayPainter::Panel(int x, int y, int width, const std::string* lines, size_t count,
                            uint32_t fill, uint32_t color) {
     Box(x, y, width, int(count) * LineHeight + 2 * Margin, fill);

@@ -22,6 +22,10 @@ public:
     void Outline(int x, int y, int width, int height, uint32_t color, int thickness);
     // One line of text from (x, y), cut at the right edge of the frame.
     void Text(int x, int y, const std::string& text, uint32_t color);
+    // The width of a line of text, in pixels.
+    int TextWidth(const std::string& text) const;
+    // The width of a panel that fits the lines.
+    int FitWidth(const std::string* lines, size_t count) const;
     // A box of lines with a margin around them, as wide as asked.
     void Panel(int x, int y, int width, const std::string* lines, size_t count, uint32_t fill,
                uint32_t color);
