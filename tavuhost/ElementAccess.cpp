@@ -10,7 +10,7 @@
 #include "TAVUScreen.h"
 #include "TAVUSkin.h"
 
-#include <cctype>
+#include "HostText.h"
 
 std::string ElementAccess::FullName(TAVUElement* element) {
     return element && element->FullName ? element->FullName : "";
@@ -55,19 +55,12 @@ TAVUElement* ElementAccess::ByID(CUIManager* manager, unsigned id) {
 
 namespace {
 
-bool SameText(const char* a, const char* b) {
-    for (; *a && *b; ++a, ++b)
-        if (tolower(static_cast<unsigned char>(*a)) != tolower(static_cast<unsigned char>(*b)))
-            return false;
-    return *a == *b;
-}
-
 // The maps' own lookups compare through the module's string class, which the
 // host does not link, so they are walked here instead; they are short.
 template <typename Map>
 const typename Map::mapped_type* FindNoCase(const Map& map, const char* key) {
     for (const auto& entry : map)
-        if (SameText(entry.first.c_str(), key)) return &entry.second;
+        if (SameName(entry.first.c_str(), key)) return &entry.second;
     return nullptr;
 }
 

@@ -244,14 +244,10 @@ int HeadlessHost::CopyFileCommand(int argc, char* argv[]) {
         Engine.Print("Syntax: copyfile FROM TO");
         return -1;
     }
-    FILE* from = fopen(NativePath(argv[1]).c_str(), "rb");
-    FILE* to = from ? fopen(NativePath(argv[2]).c_str(), "wb") : nullptr;
-    char buffer[4096];
-    size_t count = 0;
-    bool copied = to != nullptr;
-    while (copied && from && (count = fread(buffer, 1, sizeof(buffer), from)) > 0)
-        copied = fwrite(buffer, 1, count, to) == count;
-    if (from) fclose(from);
+    std::string text;
+    bool copied = ReadWholeFile(NativePath(argv[1]), text);
+    FILE* to = copied ? fopen(NativePath(argv[2]).c_str(), "wb") : nullptr;
+    copied = to && fwrite(text.data(), 1, text.size(), to) == text.size();
     if (to && fclose(to) != 0) copied = false;
     if (copied) return 0;
     Engine.Print(std::string("copyfile: '") + argv[1] + "' was not copied to '" + argv[2] + "'");

@@ -1,5 +1,6 @@
 #include "HostSession.h"
 
+#include "HostText.h"
 #include "ManagerAccess.h"
 
 #include <cstdio>
@@ -18,17 +19,6 @@ std::string ScriptNameOf(const std::string& path) {
     std::string name = separator == std::string::npos ? path : path.substr(separator + 1);
     size_t dot = name.rfind('.');
     return dot == std::string::npos || dot == 0 ? name : name.substr(0, dot);
-}
-
-bool ReadFile(const std::string& path, std::string& text) {
-    FILE* file = fopen(path.c_str(), "rb");
-    if (!file) return false;
-    char buffer[4096];
-    size_t count = 0;
-    while ((count = fread(buffer, 1, sizeof(buffer), file)) > 0)
-        text.append(buffer, count);
-    fclose(file);
-    return true;
 }
 
 void PrintLine(const std::string& line) {
@@ -176,7 +166,7 @@ void HostSession::RunCommands() {
 
 ScriptInstance* HostSession::LoadScript() {
     std::string text;
-    if (!ReadFile(Options.Script, text)) {
+    if (!ReadWholeFile(Options.Script, text)) {
         Engine.Print("Could not read script file '" + Options.Script + "'");
         return nullptr;
     }

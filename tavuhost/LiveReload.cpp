@@ -1,27 +1,11 @@
 #include "LiveReload.h"
 
+#include "HostText.h"
 #include "ManagerAccess.h"
 #include "OverlayPainter.h"
 #include "ScriptEngine.h"
 #include "TavukitModule.h"
 #include "XmlCheck.h"
-
-#include <cstdio>
-
-namespace {
-
-bool ReadText(const std::string& path, std::string& text) {
-    FILE* file = fopen(path.c_str(), "rb");
-    if (!file) return false;
-    char buffer[4096];
-    size_t count = 0;
-    while ((count = fread(buffer, 1, sizeof(buffer), file)) > 0)
-        text.append(buffer, count);
-    fclose(file);
-    return true;
-}
-
-} // namespace
 
 LiveReload::LiveReload(TavukitModule& module, ScriptEngine& engine,
                        const std::vector<std::string>& files)
@@ -55,7 +39,7 @@ void LiveReload::Heard(const std::string& line) {
 bool LiveReload::FindProblem() {
     for (const std::string& path : Interfaces) {
         std::string text;
-        if (!ReadText(path, text)) {
+        if (!ReadWholeFile(path, text)) {
             Report(path + ": cannot be read");
             return true;
         }
