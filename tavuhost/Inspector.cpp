@@ -179,7 +179,8 @@ int Inspector::InspectorCommand(int argc, char* argv[]) {
     }
     double count = double(Log.size());
     if (SameName(action, "log") && (argc == 2 || (argc == 3 && ParseNumber(argv[2], count)))) {
-        size_t shown = count < 0 ? 0 : std::min(Log.size(), size_t(count));
+        // Compared as a double first: a huge count does not fit a size_t.
+        size_t shown = count <= 0 ? 0 : count >= double(Log.size()) ? Log.size() : size_t(count);
         PrintLines(std::vector<std::string>(Log.end() - long(shown), Log.end()));
         return 0;
     }
