@@ -94,7 +94,7 @@ void HeadlessHost::Frame() {
     Engine.ClearTemporaries();
     if (Renderer) Renderer->BeginFrame();
     Module.Render();
-    if (Renderer && PaintOver) PaintOver(*Renderer);
+    if (Renderer && PaintOver) PaintOver();
     Module.AdvanceClock(FrameMilliseconds);
     Rendering = false;
 }

@@ -6,8 +6,8 @@
 // 7-pixel advance and textures report the real size of their image file when
 // it can be read. With a renderer attached, every draw call, font and texture
 // goes to it as well, after its trace line. The host's own commands (wait,
-// waitframe, mouse, key, type, screenshot, exit) are registered in the engine
-// here, since they drive the module.
+// waitframe, mouse, key, type, screenshot, exit, positions, copyfile) are
+// registered in the engine here, since they drive the module.
 #pragma once
 
 #include "HostInput.h"
@@ -54,7 +54,7 @@ public:
     // toolkit has drawn it.
     typedef std::function<void(const std::string& path, bool isInterface)> FileListener;
     typedef std::function<void(TAVUElement* element, unsigned atom)> EventListener;
-    typedef std::function<void(SoftwareRenderer& renderer)> FramePainter;
+    typedef std::function<void()> FramePainter;
     void SetFileListener(FileListener listener) { FileFound = std::move(listener); }
     void SetEventListener(EventListener listener) { EventStarted = std::move(listener); }
     void SetFramePainter(FramePainter painter) { PaintOver = std::move(painter); }

@@ -68,7 +68,7 @@ void HostSession::ConnectTools() {
         Host.SetFileListener(
             [this](const std::string& path, bool isInterface) { Live->Watch(path, isInterface); });
     }
-    Host.SetFramePainter([this](SoftwareRenderer&) {
+    Host.SetFramePainter([this] {
         if (!Painter) return;
         if (Live) Live->Paint(*Painter);
         Inspect.Paint(*Painter);
