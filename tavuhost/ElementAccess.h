@@ -1,10 +1,33 @@
-// What the host reads and writes in an element to keep its position: the
-// element's full name, its virtual GetStoragePosition, and its place.
+// What the host reads and writes in an element: to keep its position, the
+// element's full name, its virtual GetStoragePosition, and its place; for the
+// inspector, the tree as the manager holds it and the facts of one element.
 #pragma once
 
 #include <string>
 
+class CUIManager;
 class TAVUElement;
+
+// One element as the inspector shows it.
+struct ElementFacts {
+    unsigned ID = 0;
+    std::string FullName;
+    std::string Name;
+    std::string Type;
+    int X = 0; // on the screen
+    int Y = 0;
+    int Width = 0;
+    int Height = 0;
+    bool Shown = false;   // its own flag
+    bool Visible = false; // its own flag and every ancestor's
+    bool Focused = false;
+    bool MouseOver = false;
+    // The toolkit does not keep the template an element was made from, nor
+    // its Template attribute: these are what its type word finds now, through
+    // the current skin's mapping first, and the current skin's name.
+    std::string TypeTemplate;
+    std::string Skin;
+};
 
 struct StoredPosition {
     int X = 0;
@@ -21,4 +44,15 @@ public:
     // Puts the element at a kept rectangle, in plain pixels, so that no
     // relative place of its file overrides it.
     static void Place(TAVUElement* element, const StoredPosition& position);
+
+    // The tree: the screen, and each element's parent, first child and next sibling.
+    static TAVUElement* Screen(CUIManager* manager);
+    static TAVUElement* Parent(TAVUElement* element);
+    static TAVUElement* FirstChild(TAVUElement* element);
+    static TAVUElement* Next(TAVUElement* element);
+    // A live element by its ID; null when it is gone.
+    static TAVUElement* ByID(CUIManager* manager, unsigned id);
+    static ElementFacts Facts(CUIManager* manager, TAVUElement* element);
+    // The name of the element's event whose script is this atom; "" when none is.
+    static std::string EventOfAtom(TAVUElement* element, unsigned atom);
 };

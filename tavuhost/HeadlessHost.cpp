@@ -58,8 +58,8 @@ HeadlessHost::HeadlessHost(ScriptEngine& engine, TraceWriter& trace, TavukitModu
 }
 
 HeadlessHost::~HeadlessHost() {
-    for (const char* name :
-         {"wait", "waitframe", "mouse", "key", "type", "screenshot", "exit", "positions"})
+    for (const char* name : {"wait", "waitframe", "mouse", "key", "type", "screenshot", "exit",
+                             "positions", "copyfile"})
         Engine.RemoveCommand(name);
 }
 
@@ -94,6 +94,7 @@ void HeadlessHost::Frame() {
     Engine.ClearTemporaries();
     if (Renderer) Renderer->BeginFrame();
     Module.Render();
+    if (Renderer && PaintOver) PaintOver();
     Module.AdvanceClock(FrameMilliseconds);
     Rendering = false;
 }
@@ -110,10 +111,15 @@ void HeadlessHost::RegisterCommands() {
         const char* Name;
         int (HeadlessHost::*Handler)(int, char**);
     } commands[] = {
-        {"wait", &HeadlessHost::WaitCommand}, {"waitframe", &HeadlessHost::WaitFrameCommand},
-        {"mouse", &HeadlessHost::Mouse},      {"key", &HeadlessHost::Key},
-        {"type", &HeadlessHost::Type},        {"screenshot", &HeadlessHost::Screenshot},
-        {"exit", &HeadlessHost::Exit},        {"positions", &HeadlessHost::PositionsCommand},
+        {"wait", &HeadlessHost::WaitCommand},
+        {"waitframe", &HeadlessHost::WaitFrameCommand},
+        {"mouse", &HeadlessHost::Mouse},
+        {"key", &HeadlessHost::Key},
+        {"type", &HeadlessHost::Type},
+        {"screenshot", &HeadlessHost::Screenshot},
+        {"exit", &HeadlessHost::Exit},
+        {"positions", &HeadlessHost::PositionsCommand},
+        {"copyfile", &HeadlessHost::CopyFileCommand},
     };
     for (const Entry& entry : commands) {
         auto handler = entry.Handler;
@@ -147,7 +153,7 @@ int HeadlessHost::Mouse(int argc, char* argv[]) {
     long x = 0, y = 0;
     if (SameName(action, "wheel")) {
         if (argc != 3 || !ParseInt(argv[2], x)) return Engine.Print(syntax), -1;
-        WheelTurned(int(x));
+        Input().WheelTurned(int(x));
         return 0;
     }
     bool isMove = SameName(action, "move");
@@ -161,15 +167,15 @@ int HeadlessHost::Mouse(int argc, char* argv[]) {
     bool valid = (isMove && hasPoint) || (isButton && knownButton && (argc == 3 || hasPoint));
     if (!valid || (hasPoint && (!ParseInt(argv[pointAt], x) || !ParseInt(argv[pointAt + 1], y))))
         return Engine.Print(syntax), -1;
-    if (hasPoint) PointerMoved(int(x), int(y));
+    if (hasPoint) Input().PointerMoved(int(x), int(y));
     if (isButton) MouseButton(action, button);
     return 0;
 }
 
 void HeadlessHost::MouseButton(const std::string& action, const std::string& button) {
     bool left = SameName(button, "left");
-    if (!SameName(action, "release")) ButtonChanged(left, true);
-    if (!SameName(action, "press")) ButtonChanged(left, false);
+    if (!SameName(action, "release")) Input().ButtonChanged(left, true);
+    if (!SameName(action, "press")) Input().ButtonChanged(left, false);
 }
 
 int HeadlessHost::Key(int argc, char* argv[]) {
@@ -184,8 +190,8 @@ int HeadlessHost::Key(int argc, char* argv[]) {
         Engine.Print(std::string("key: unknown key '") + argv[2] + "'");
         return -1;
     }
-    if (!SameName(action, "release")) PressKey(code);
-    if (!SameName(action, "press")) ReleaseKey(code);
+    if (!SameName(action, "release")) Input().KeyChanged(code, true);
+    if (!SameName(action, "press")) Input().KeyChanged(code, false);
     return 0;
 }
 
@@ -228,6 +234,23 @@ int HeadlessHost::Screenshot(int argc, char* argv[]) {
     std::string error = Rendering ? "a frame is being painted" : "";
     if (error.empty() && WritePicture(argv[1], error)) return 0;
     Engine.Print(std::string("screenshot: '") + argv[1] + "' was not written: " + error);
+    return -1;
+}
+
+// Writes a file while the run goes on, as an author's editor would: the way
+// a script changes a watched interface file between frames.
+int HeadlessHost::CopyFileCommand(int argc, char* argv[]) {
+    if (argc != 3) {
+        Engine.Print("Syntax: copyfile FROM TO");
+        return -1;
+    }
+    std::string text;
+    bool copied = ReadWholeFile(NativePath(argv[1]), text);
+    FILE* to = copied ? fopen(NativePath(argv[2]).c_str(), "wb") : nullptr;
+    copied = to && fwrite(text.data(), 1, text.size(), to) == text.size();
+    if (to && fclose(to) != 0) copied = false;
+    if (copied) return 0;
+    Engine.Print(std::string("copyfile: '") + argv[1] + "' was not copied to '" + argv[2] + "'");
     return -1;
 }
 
@@ -421,6 +444,9 @@ int HeadlessHost::ExecuteAtom(unsigned atom, int reserved, int argc, char* argv[
                               _RXTypeVar* thisObject) {
     Trace.Write("ExecuteAtom", {TraceWriter::Int(atom), TraceWriter::Int(reserved),
                                 Arguments(argc, argv), Describe(thisObject)});
+    // The toolkit runs an element's events with the element as the object.
+    if (EventStarted && thisObject && thisObject->Value.Pointer)
+        EventStarted(static_cast<TAVUElement*>(thisObject->Value.Pointer), atom);
     return Engine.ExecuteAtom(atom, argc, argv, thisObject, nullptr) ? 1 : 0;
 }
 
@@ -479,7 +505,7 @@ void HeadlessHost::SetPersistentClass(RXTypeDefinition* type, unsigned persisten
 // Absolute names are taken as they are; others are looked for in the search
 // folders in order, then in the working folder. A path that would not fit the
 // caller's buffer counts as not found rather than being cut.
-bool HeadlessHost::FindFile(const char* name, char* output, size_t size) {
+bool HeadlessHost::FindFile(const char* name, char* output, size_t size, bool isInterface) {
     if (!name || !*name || !output) return false;
     std::string wanted = NativePath(name);
     std::vector<std::string> candidates;
@@ -490,6 +516,7 @@ bool HeadlessHost::FindFile(const char* name, char* output, size_t size) {
     for (const std::string& candidate : candidates)
         if (candidate.size() < size && Readable(candidate)) {
             CopyText(output, size, candidate);
+            if (FileFound) FileFound(candidate, isInterface);
             return true;
         }
     return false;
@@ -497,12 +524,12 @@ bool HeadlessHost::FindFile(const char* name, char* output, size_t size) {
 
 bool HeadlessHost::FindTextureFile(const char* name, char* output) {
     Trace.Write("FindTextureFile", {TraceWriter::Text(name)});
-    return FindFile(name, output, TAVU_TEXTURE_PATH_BUFFER);
+    return FindFile(name, output, TAVU_TEXTURE_PATH_BUFFER, false);
 }
 
 bool HeadlessHost::FindInterfaceFile(const char* name, char* output) {
     Trace.Write("FindInterfaceFile", {TraceWriter::Text(name)});
-    return FindFile(name, output, TAVU_INTERFACE_PATH_BUFFER);
+    return FindFile(name, output, TAVU_INTERFACE_PATH_BUFFER, true);
 }
 
 bool HeadlessHost::OpenClipboard() {
@@ -662,9 +689,11 @@ unsigned HeadlessHost::AcquireTexture(const char* file, unsigned colorKey) {
     unsigned texture = 0;
     Texture entry;
     bool found =
-        file && (!*file || Readable(NativePath(file)) || FindFile(file, path, sizeof(path)));
-    if (found && *file)
+        file && (!*file || Readable(NativePath(file)) || FindFile(file, path, sizeof(path), false));
+    if (found && *file) {
         entry.File = Readable(NativePath(file)) ? NativePath(file) : std::string(path);
+        if (FileFound) FileFound(entry.File, false);
+    }
     std::string error;
     if (found && Renderer && !Renderer->LoadTexture(NextTexture, entry.File, colorKey, error)) {
         fprintf(stderr, "tavuhost: %s\n", error.c_str());

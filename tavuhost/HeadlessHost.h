@@ -6,8 +6,8 @@
 // 7-pixel advance and textures report the real size of their image file when
 // it can be read. With a renderer attached, every draw call, font and texture
 // goes to it as well, after its trace line. The host's own commands (wait,
-// waitframe, mouse, key, type, screenshot, exit) are registered in the engine
-// here, since they drive the module.
+// waitframe, mouse, key, type, screenshot, exit, positions, copyfile) are
+// registered in the engine here, since they drive the module.
 #pragma once
 
 #include "HostInput.h"
@@ -16,6 +16,7 @@
 #include "HostScriptInterface.h"
 #include "TavukitModule.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -47,6 +48,20 @@ public:
     const std::string& CurrentConsole() const { return ConsoleName; }
     // Keeps the positions that elements store beside this interface file.
     void KeepPositionsBeside(const std::string& file) { Positions.KeepBeside(file); }
+
+    // Hooks for the preview's tools: every interface or texture file found,
+    // every element event as it starts, and painting over each frame once the
+    // toolkit has drawn it.
+    typedef std::function<void(const std::string& path, bool isInterface)> FileListener;
+    typedef std::function<void(TAVUElement* element, unsigned atom)> EventListener;
+    typedef std::function<void()> FramePainter;
+    void SetFileListener(FileListener listener) { FileFound = std::move(listener); }
+    void SetEventListener(EventListener listener) { EventStarted = std::move(listener); }
+    void SetFramePainter(FramePainter painter) { PaintOver = std::move(painter); }
+    // The mouse and key commands go through this input (null: straight to the
+    // host), so that they meet a tool standing in front of the interface just
+    // as the window's input does.
+    void RouteInputThrough(HostInput* input) { InputRoute = input; }
 
     // One frame: the module renders, then the clock moves on by a frame.
     void Frame();
@@ -142,8 +157,10 @@ private:
     int Screenshot(int argc, char* argv[]);
     int Exit(int argc, char* argv[]);
     int PositionsCommand(int argc, char* argv[]);
+    int CopyFileCommand(int argc, char* argv[]);
 
-    bool FindFile(const char* name, char* output, size_t size);
+    bool FindFile(const char* name, char* output, size_t size, bool isInterface);
+    HostInput& Input() { return InputRoute ? *InputRoute : *this; }
     std::string Describe(const _RXTypeVar* value);
     std::string Arguments(int argc, char* argv[]);
     size_t TextWidth(unsigned font, const char* text);
@@ -166,4 +183,8 @@ private:
     std::string CompletionStem;
     bool Rendering = false;
     SoftwareRenderer* Renderer = nullptr;
+    FileListener FileFound;
+    EventListener EventStarted;
+    FramePainter PaintOver;
+    HostInput* InputRoute = nullptr;
 };

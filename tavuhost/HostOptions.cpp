@@ -29,6 +29,8 @@ const char* HostOptions::Usage() {
            "                  (for the screenshot command)\n"
            "  --png FILE      paint the frames and write the last one to FILE\n"
            "  --window        show the interface in a window to click and type into\n"
+           "                  (F12 there opens the inspector)\n"
+           "  --watch         reload the interface when a file of it changes on disk\n"
            "  --help          show this text\n";
 }
 
@@ -69,10 +71,12 @@ bool HostOptions::Parse(int argc, char* argv[]) {
             optionsEnded = true;
             continue;
         }
-        if (word == "--help" || word == "-h" || word == "--render" || word == "--window") {
+        if (word == "--help" || word == "-h" || word == "--render" || word == "--window" ||
+            word == "--watch") {
             Help = Help || word == "--help" || word == "-h";
             Render = Render || word == "--render";
             Window = Window || word == "--window";
+            Watch = Watch || word == "--watch";
             continue;
         }
         static const char* const withValue[] = {"--size",  "--prefix", "--path",

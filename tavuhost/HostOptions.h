@@ -2,7 +2,8 @@
 //   tavuhost [OPTIONS] [FILE.xml ...]
 // with --size WxH, --prefix TAG, --path DIR, -e CMD, --script FILE,
 // --frames N, --trace FILE (or - for standard output), --module FILE, and
-// --render, --png FILE and --window, which paint the frames.
+// --render, --png FILE and --window, which paint the frames, and --watch,
+// which reloads the interface when its files change.
 #pragma once
 
 #include <cstdint>
@@ -29,6 +30,7 @@ public:
     std::string Png;     // the last frame is written here
     bool Render = false; // paint frames even without --png or --window
     bool Window = false;
+    bool Watch = false; // reload the interface when one of its files changes
     bool Help = false;
 
     // Frames are painted (real fonts, decoded textures) only when asked for,

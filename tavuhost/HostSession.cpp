@@ -1,5 +1,6 @@
 #include "HostSession.h"
 
+#include "HostText.h"
 #include "ManagerAccess.h"
 
 #include <cstdio>
@@ -20,17 +21,6 @@ std::string ScriptNameOf(const std::string& path) {
     return dot == std::string::npos || dot == 0 ? name : name.substr(0, dot);
 }
 
-bool ReadFile(const std::string& path, std::string& text) {
-    FILE* file = fopen(path.c_str(), "rb");
-    if (!file) return false;
-    char buffer[4096];
-    size_t count = 0;
-    while ((count = fread(buffer, 1, sizeof(buffer), file)) > 0)
-        text.append(buffer, count);
-    fclose(file);
-    return true;
-}
-
 void PrintLine(const std::string& line) {
     fwrite(line.data(), 1, line.size(), stdout);
     fputc('\n', stdout);
@@ -42,10 +32,12 @@ void PrintLine(const std::string& line) {
 HostSession::HostSession(const HostOptions& options)
     : Options(options), Host(Engine, Trace, Module),
       Objects(Engine, Host.DisplayWidth(), Host.DisplayHeight()),
-      Consoles(Engine, Host.CurrentConsole()) {
+      Consoles(Engine, Host.CurrentConsole()), Inspect(Module, Engine, Host) {
     Engine.SetConsole([this](const std::string& line) {
         PrintLine(line);
         Consoles.Route(line);
+        Inspect.Heard(line);
+        if (Live) Live->Heard(line);
     });
     Host.SetDisplaySize(options.Width, options.Height);
     if (options.Renders()) {
@@ -54,11 +46,37 @@ HostSession::HostSession(const HostOptions& options)
             fprintf(stderr, "tavuhost: this build has no font library: text is measured "
                             "but not drawn\n");
         Host.AttachRenderer(Renderer.get());
+        Painter = std::make_unique<OverlayPainter>(*Renderer);
     }
     for (const std::string& file : options.Files)
         Host.AddSearchFolder(FolderOf(file));
     for (const std::string& folder : options.Paths)
         Host.AddSearchFolder(folder);
+    ConnectTools();
+}
+
+// The inspector hears the console and the element events and takes the input
+// first; the reloader learns every file that the interface reads; both paint
+// over each frame.
+void HostSession::ConnectTools() {
+    Host.RouteInputThrough(&Inspect);
+    Host.SetEventListener(
+        [this](TAVUElement* element, unsigned atom) { Inspect.EventStarted(element, atom); });
+    if (Options.Window) Inspect.Arm();
+    if (Options.Watch) {
+        Live = std::make_unique<LiveReload>(Module, Engine, Options.Files);
+        Host.SetFileListener(
+            [this](const std::string& path, bool isInterface) { Live->Watch(path, isInterface); });
+    }
+    Host.SetFramePainter([this] {
+        if (!Painter) return;
+        if (Live) Live->Paint(*Painter);
+        Inspect.Paint(*Painter);
+    });
+}
+
+void HostSession::PollFiles() {
+    if (Live) Live->Poll();
 }
 
 HostSession::~HostSession() {
@@ -148,7 +166,7 @@ void HostSession::RunCommands() {
 
 ScriptInstance* HostSession::LoadScript() {
     std::string text;
-    if (!ReadFile(Options.Script, text)) {
+    if (!ReadWholeFile(Options.Script, text)) {
         Engine.Print("Could not read script file '" + Options.Script + "'");
         return nullptr;
     }
@@ -168,6 +186,7 @@ bool HostSession::RunScript() {
                          std::to_string(MaxScriptFrames) + " frames");
             return true;
         }
+        PollFiles();
         if (state == ScriptEngine::ScriptState::WaitTime)
             Host.Wait(milliseconds);
         else
@@ -201,9 +220,14 @@ bool HostSession::RunWindow() {
     ScriptInstance* script = Options.Script.empty() ? nullptr : LoadScript();
     bool loaded = Options.Script.empty() || script;
     uint32_t resumeAt = Window.Now();
-    while (!Engine.ExitRequested() && Window.Pump(Host)) {
+    uint32_t pollAt = resumeAt;
+    while (!Engine.ExitRequested() && Window.Pump(Inspect)) {
         uint32_t started = Window.Now();
         ResumeScript(script, resumeAt);
+        if (int32_t(started - pollAt) >= 0) {
+            PollFiles();
+            pollAt = started + WatchMilliseconds;
+        }
         Host.Frame();
         Window.Present(Renderer->Frame());
         uint32_t spent = Window.Now() - started;
@@ -240,8 +264,10 @@ int HostSession::Run() {
         if (!RunWindow()) failed = true;
     } else {
         if (!Options.Script.empty() && !Engine.ExitRequested() && !RunScript()) failed = true;
-        for (unsigned frame = 0; frame < Options.Frames && !Engine.ExitRequested(); ++frame)
+        for (unsigned frame = 0; frame < Options.Frames && !Engine.ExitRequested(); ++frame) {
+            PollFiles();
             Host.Frame();
+        }
     }
     if (!Options.Png.empty() && !WritePng()) failed = true;
     ManagerAccess::Shutdown(Manager);

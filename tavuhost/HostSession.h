@@ -13,6 +13,9 @@
 #include "SoftwareRenderer.h"
 #include "ConsoleElements.h"
 #include "ElementModules.h"
+#include "Inspector.h"
+#include "LiveReload.h"
+#include "OverlayPainter.h"
 #include "TavukitModule.h"
 #include "TraceWriter.h"
 
@@ -25,6 +28,9 @@ public:
     enum : unsigned { StartTick = 100000 };
     // A script that is still waiting after this many frames is stopped.
     enum : unsigned { MaxScriptFrames = 100000 };
+    // A window looks at the watched files this often; a run without one
+    // looks before every frame, so that tests see a change at once.
+    enum : unsigned { WatchMilliseconds = 250 };
 
     explicit HostSession(const HostOptions& options);
     ~HostSession();
@@ -45,6 +51,8 @@ private:
     bool RunWindow();
     void ResumeScript(ScriptInstance*& script, uint32_t& resumeAt);
     bool WritePng();
+    void ConnectTools();
+    void PollFiles();
     std::string ModulePath() const;
 
     const HostOptions& Options;
@@ -57,5 +65,8 @@ private:
     HeadlessHost Host;
     HostObjects Objects;
     ConsoleElements Consoles;
+    Inspector Inspect;                       // stands between the input and Host
+    std::unique_ptr<LiveReload> Live;        // with --watch
+    std::unique_ptr<OverlayPainter> Painter; // when frames are painted
     CUIManager* Manager = nullptr;
 };

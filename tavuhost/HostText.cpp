@@ -164,3 +164,14 @@ std::string Utf16ToUtf8(const uint16_t* text) {
     }
     return out;
 }
+
+bool ReadWholeFile(const std::string& path, std::string& text) {
+    FILE* file = fopen(path.c_str(), "rb");
+    if (!file) return false;
+    char buffer[4096];
+    size_t count = 0;
+    while ((count = fread(buffer, 1, sizeof(buffer), file)) > 0)
+        text.append(buffer, count);
+    fclose(file);
+    return true;
+}

@@ -1,4 +1,4 @@
-// Small text helpers of the host: number forms, quoting, escaping.
+// Small text helpers of the host: number forms, quoting, escaping, whole files.
 #pragma once
 
 #include <cstddef>
@@ -27,6 +27,9 @@ std::string QuoteForTrace(const char* text);
 
 // Copies text into a buffer of size bytes, always terminated (size 0: nothing).
 void CopyText(char* buffer, size_t size, const std::string& text);
+
+// Reads a whole file as bytes, appended to text; false when it cannot be opened.
+bool ReadWholeFile(const std::string& path, std::string& text);
 
 // ASCII case-insensitive comparison, as every name of the script language uses.
 bool SameName(const std::string& a, const std::string& b);

@@ -5,6 +5,7 @@
 #include "ManagerAccess.h"
 
 #include "CUIManager.h"
+#include "TavukitModule.h"
 
 void ManagerAccess::Initialize(CUIManager* manager) {
     if (manager) manager->Initialize();
@@ -23,4 +24,18 @@ void ManagerAccess::SetPrefix(CUIManager* manager, const char* prefix) {
         ++length;
     }
     manager->Prefix[length] = 0;
+}
+
+bool ManagerAccess::ClearInterface(TavukitModule& module) {
+    // Exported members, found by their exported names like the frame operations.
+    typedef void (*Member)(CUIManager*);
+    auto reset = reinterpret_cast<Member>(module.Find("_ZN10CUIManager5ResetEv"));
+    auto templates = reinterpret_cast<Member>(module.Find("_ZN10CUIManager14ClearTemplatesEv"));
+    auto skins = reinterpret_cast<Member>(module.Find("_ZN10CUIManager10ClearSkinsEv"));
+    CUIManager* manager = module.GetManager();
+    if (!reset || !templates || !skins || !manager) return false;
+    reset(manager);
+    templates(manager);
+    skins(manager);
+    return true;
 }

@@ -25,6 +25,13 @@ void SplitKeyword(const std::string& text, std::string& keyword, std::string& re
     rest = Trim(text.substr(end));
 }
 
+// A '{' that is not the start of a data sequence ("${").
+bool HasBlockBrace(const std::string& text) {
+    for (size_t i = 0; i < text.size(); ++i)
+        if (text[i] == '{' && (i == 0 || text[i - 1] != '$')) return true;
+    return false;
+}
+
 bool IsName(const std::string& text) {
     if (text.empty() || !(isalpha(static_cast<unsigned char>(text[0])) || text[0] == '_'))
         return false;
@@ -94,6 +101,19 @@ bool ScriptCompiler::Fail(int line, const std::string& message) {
     return false;
 }
 
+// A brace with words on both sides of it, as in "if ${A} { echo a }", is the
+// usual reason for a missing block, so the message says where braces go.
+std::string ScriptCompiler::BraceExpected() const {
+    const std::string expected = "'{' expected";
+    const Statement* near = !AtEnd() ? &Current() : nullptr;
+    const Statement* before =
+        Next > 0 && Next <= Statements.size() ? &Statements[Next - 1] : nullptr;
+    bool misplaced = (near && near->Text.size() > 1 && HasBlockBrace(near->Text)) ||
+                     (before && HasBlockBrace(before->Text));
+    if (!misplaced) return expected;
+    return expected + ": a '{' ends its line or stands alone, and a '}' starts its line";
+}
+
 bool ScriptCompiler::ParseSequence(ScriptProgram& program, bool inBlock, bool topLevel) {
     while (!AtEnd()) {
         if (Current().Text == "}") {
@@ -107,7 +127,7 @@ bool ScriptCompiler::ParseSequence(ScriptProgram& program, bool inBlock, bool to
 }
 
 bool ScriptCompiler::ParseBlock(ScriptProgram& program) {
-    if (AtEnd() || Current().Text != "{") return Fail(CurrentLine(), "'{' expected");
+    if (AtEnd() || Current().Text != "{") return Fail(CurrentLine(), BraceExpected());
     if (++Depth > MaxDepth) return Fail(Current().Line, "blocks nest too deeply");
     ++Next;
     if (!ParseSequence(program, true, false)) return false;

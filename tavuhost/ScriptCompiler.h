@@ -40,6 +40,7 @@ private:
     size_t Emit(ScriptProgram& program, ScriptInstruction::Op op, const std::string& text,
                 int line);
     bool Fail(int line, const std::string& message);
+    std::string BraceExpected() const;
 
     std::string SourceName;
     std::vector<Statement> Statements;

@@ -8,6 +8,19 @@ get_filename_component(name "${CASE}" NAME_WE)
 string(REGEX REPLACE "\\.args$" "" base "${CASE}")
 
 file(STRINGS "${CASE}" arguments)
+# A case that changes files while it runs (--watch) works on copies: it runs
+# in a fresh folder of its own in the build, into which the files that
+# NAME.scratch lists are copied first.
+set(working "${folder}")
+if(EXISTS "${base}.scratch")
+    set(working "${PICTURES}/${name}.scratch")
+    file(REMOVE_RECURSE "${working}")
+    file(MAKE_DIRECTORY "${working}")
+    file(STRINGS "${base}.scratch" copies)
+    foreach(copy ${copies})
+        file(COPY "${folder}/${copy}" DESTINATION "${working}")
+    endforeach()
+endif()
 set(picture "${PICTURES}/${name}.png")
 if(EXISTS "${base}.png")
     file(REMOVE "${picture}")
@@ -19,7 +32,7 @@ if(EXISTS "${base}.status")
 endif()
 
 execute_process(COMMAND ${EMULATOR} ${HOST} ${arguments}
-                WORKING_DIRECTORY "${folder}"
+                WORKING_DIRECTORY "${working}"
                 OUTPUT_VARIABLE output ERROR_VARIABLE errors RESULT_VARIABLE status)
 
 if(NOT status EQUAL expected_status)
