@@ -282,7 +282,7 @@ bool TAVUTextEntry::OnKeyDown(unsigned key) {
         HandleBackspace();
         break;
     case KeyTab:
-        MoveFocus();
+        MoveFocus(this);
         break;
     case KeyEnter:
     case KeySeparator:
@@ -335,25 +335,30 @@ bool TAVUTextEntry::FinishKeyDown(unsigned key) {
 // The key's characters by the keyboard layout, each byte of their UTF-8
 // typed in turn; false when the key types nothing.
 bool TAVUTextEntry::TypeKey(unsigned key) {
-    WORD characters = 0;
-    int count = ToAscii(key, 0x80000000u, g_UIManager.KeyState, &characters, 0);
-    if (count <= 0) return false;
-    char bytes[2] = {char(characters & 0xFF), char(characters >> 8)};
-    std::string typed = SystemToUtf8(bytes, count > 2 ? 2 : count);
+    std::string typed;
+    if (!KeyCharacters(key, typed)) return false;
     TAVUElementWatch watch(this);
     for (size_t i = 0; i < typed.size() && watch.Alive(); ++i)
         InsertCharacter(typed[i]);
     return true;
 }
 
-// The next entry or editor in Tab order (the previous with Shift) takes the
-// focus. The walk covers the whole tree: it is not held to the entry's window.
-void TAVUTextEntry::MoveFocus() {
+bool TAVUTextEntry::KeyCharacters(unsigned key, std::string& typed) {
+    WORD characters = 0;
+    int count = ToAscii(key, 0x80000000u, g_UIManager.KeyState, &characters, 0);
+    if (count <= 0) return false;
+    char bytes[2] = {char(characters & 0xFF), char(characters >> 8)};
+    typed = SystemToUtf8(bytes, count > 2 ? 2 : count);
+    return true;
+}
+
+// The walk covers the whole tree: it is not held to the element's window.
+void TAVUTextEntry::MoveFocus(TAVUElement* from) {
     bool back = g_UIManager.Shift;
-    TAVUElement* next = back ? WalkReverse(true, nullptr) : Walk(true, nullptr);
-    while (next && next != this && !IsEntryType(next))
+    TAVUElement* next = back ? from->WalkReverse(true, nullptr) : from->Walk(true, nullptr);
+    while (next && next != from && !IsEntryType(next))
         next = back ? next->WalkReverse(true, nullptr) : next->Walk(true, nullptr);
-    if (next && next != this) g_UIManager.SetFocusElement(next);
+    if (next && next != from) g_UIManager.SetFocusElement(next);
 }
 
 void TAVUTextEntry::Render() {
