@@ -42,7 +42,7 @@ void PrintLine(const std::string& line) {
 HostSession::HostSession(const HostOptions& options)
     : Options(options), Host(Engine, Trace, Module),
       Objects(Engine, Host.DisplayWidth(), Host.DisplayHeight()),
-      Consoles(Engine, Host.CurrentConsole()) {
+      Consoles(Engine, Host.CurrentConsole()), TextEdits(Engine) {
     Engine.SetConsole([this](const std::string& line) {
         PrintLine(line);
         Consoles.Route(line);

@@ -12,6 +12,7 @@
 #include "ScriptEngine.h"
 #include "SoftwareRenderer.h"
 #include "ConsoleElements.h"
+#include "TextEditElements.h"
 #include "ElementModules.h"
 #include "TavukitModule.h"
 #include "TraceWriter.h"
@@ -57,5 +58,6 @@ private:
     HeadlessHost Host;
     HostObjects Objects;
     ConsoleElements Consoles;
+    TextEditElements TextEdits;
     CUIManager* Manager = nullptr;
 };
