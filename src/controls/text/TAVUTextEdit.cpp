@@ -354,28 +354,26 @@ void TAVUTextEdit::HandleEnd() {
 }
 
 void TAVUTextEdit::HandleUp(unsigned int count) {
-    if (!Caret.Line) return;
-    BeginMove();
-    for (unsigned step = 0; step < count && Caret.Line->Prev; ++step) {
-        if (Caret.Line == ViewStart.Line) {
-            ViewStart.Line = ViewStart.Line->Prev;
-            if (ViewEnd.Line && ViewEnd.Line->Prev) ViewEnd.Line = ViewEnd.Line->Prev;
-        }
-        Caret.Line = Caret.Line->Prev;
-        Caret.Pos = Smaller(Caret.Pos, Caret.Line->Length);
-    }
-    if (SyncBar()) EndMove();
+    MoveLines(count, false);
 }
 
 void TAVUTextEdit::HandleDown(unsigned int count) {
+    MoveLines(count, true);
+}
+
+// The caret leaving the view's edge takes both ends of the view along.
+void TAVUTextEdit::MoveLines(unsigned count, bool down) {
     if (!Caret.Line) return;
     BeginMove();
-    for (unsigned step = 0; step < count && Caret.Line->Next; ++step) {
-        if (Caret.Line == ViewEnd.Line) {
-            ViewEnd.Line = ViewEnd.Line->Next;
-            if (ViewStart.Line && ViewStart.Line->Next) ViewStart.Line = ViewStart.Line->Next;
+    auto step = [down](CTextEditLine* line) { return down ? line->Next : line->Prev; };
+    TextEditPos& edge = down ? ViewEnd : ViewStart;
+    TextEditPos& other = down ? ViewStart : ViewEnd;
+    for (unsigned moved = 0; moved < count && step(Caret.Line); ++moved) {
+        if (Caret.Line == edge.Line) {
+            edge.Line = step(edge.Line);
+            if (other.Line && step(other.Line)) other.Line = step(other.Line);
         }
-        Caret.Line = Caret.Line->Next;
+        Caret.Line = step(Caret.Line);
         Caret.Pos = Smaller(Caret.Pos, Caret.Line->Length);
     }
     if (SyncBar()) EndMove();
@@ -509,23 +507,6 @@ bool TAVUTextEdit::OnKeyUp(unsigned key) {
 void TAVUTextEdit::OnKeyboardExit(TAVUElement* next) {
     RepeatKey = 0;
     TAVUElement::OnKeyboardExit(next);
-}
-
-// The repeat counts from the planned time, not from now, so that a slow
-// frame does not slow it down. False when the repeated key deleted the editor.
-bool TAVUTextEdit::RepeatHeldKey() {
-    if (!RepeatKey) return true;
-    if (!IsFocus()) {
-        RepeatKey = 0;
-        return true;
-    }
-    unsigned planned = NextRepeat;
-    if (GetTickCount() <= planned) return true;
-    TAVUElementWatch watch(this);
-    OnKeyDown(RepeatKey);
-    if (!watch.Alive()) return false;
-    NextRepeat = planned + g_UIManager.KeyRepeatInterval;
-    return true;
 }
 
 // ---- mouse ----
@@ -673,7 +654,7 @@ int TAVUTextEdit::TextWidth(const CTextEditLine* line, size_t start, size_t end)
 }
 
 void TAVUTextEdit::Render() {
-    if (!RepeatHeldKey()) return;
+    if (!TAVUTextEntry::RepeatHeldKey(this, RepeatKey, NextRepeat)) return;
     TAVUElementWatch watch(this);
     TAVUFrame::Render();
     if (!watch.Alive() || !Font) return;

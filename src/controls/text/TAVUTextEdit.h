@@ -101,13 +101,14 @@ private:
     void BeginMove();
     void EndMove();
     void ClearSelection();
+    // Up (or down) count lines while there are any, the view following.
+    void MoveLines(unsigned count, bool down);
     void Renumber(CTextEditLine* from, size_t first);
     // Points the caret, view and selection that stand on a line about to go
     // somewhere else; the selection is dropped.
     void LeaveLine(CTextEditLine* line, bool moveUp);
     CTextEditLine* LineNumbered(CTextEditLine* from, size_t number) const;
     bool TypeKey(unsigned key);
-    bool RepeatHeldKey();
     int BarWidth() const;
     size_t ColumnWidth() const;
     // The width of count bytes of text from start, measured no further than

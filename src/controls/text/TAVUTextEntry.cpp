@@ -383,23 +383,23 @@ void TAVUTextEntry::DrawBackground(tagRECT& rect) {
 // The repeat of a held key counts from the planned time, not from now, so
 // that a slow frame does not slow the repeat down. False when the repeated
 // key's handling deleted the entry.
-bool TAVUTextEntry::RepeatHeldKey() {
-    if (!RepeatKey) return true;
-    if (!IsFocus()) {
-        RepeatKey = 0;
+bool TAVUTextEntry::RepeatHeldKey(TAVUElement* element, unsigned& repeatKey, unsigned& nextRepeat) {
+    if (!repeatKey) return true;
+    if (!element->IsFocus()) {
+        repeatKey = 0;
         return true;
     }
-    unsigned planned = NextRepeat;
+    unsigned planned = nextRepeat;
     if (GetTickCount() <= planned) return true;
-    TAVUElementWatch watch(this);
-    OnKeyDown(RepeatKey);
+    TAVUElementWatch watch(element);
+    element->OnKeyDown(repeatKey);
     if (!watch.Alive()) return false;
-    NextRepeat = planned + g_UIManager.KeyRepeatInterval;
+    nextRepeat = planned + g_UIManager.KeyRepeatInterval;
     return true;
 }
 
 bool TAVUTextEntry::RenderCustom() {
-    if (!RepeatHeldKey()) return false;
+    if (!RepeatHeldKey(this, RepeatKey, NextRepeat)) return false;
     tagRECT rect = TAVUControlHelpers::ScreenRect(this);
     DrawBackground(rect);
     rect.left = WrapAdd(rect.left, kInset);

@@ -92,6 +92,10 @@ public:
     // The UTF-8 bytes a virtual key types by the keyboard layout; false
     // when it types nothing.
     static bool KeyCharacters(unsigned key, std::string& typed);
+    // Presses a held key again once its time has come, while the element
+    // has the focus (the repeat ends when it loses it). False when the
+    // repeated key's handling deleted the element.
+    static bool RepeatHeldKey(TAVUElement* element, unsigned& repeatKey, unsigned& nextRepeat);
 
     // Repeats a held key, then draws the background, text and caret. False
     // when the repeated key's handling deleted the entry.
@@ -143,7 +147,6 @@ private:
     void Allocate();
     void ReadKeys(XMLNode* node, XMLNode* templateNode);
     bool TypeKey(unsigned key);
-    bool RepeatHeldKey();
     const char* ShownText(char* mask);
     void ScrollToCaret(const char* shown);
     void DrawBackground(tagRECT& rect);
