@@ -291,6 +291,16 @@ TEST_F(TextEditTest, ADeletionFromAnEventStopsTheEditorCleanly) {
         EXPECT_FALSE(watch.Alive());
         Host.OnExecuteAtom = nullptr;
     }
+    // Taking an editor apart runs none of its bar's script.
+    auto* edit = Load<TAVUTextEdit>("textedit", "Last",
+                                    "<textedit><Width>100</Width><Height>100</Height>"
+                                    "<VerticalScrollBar>DoomBar</VerticalScrollBar></textedit>");
+    ASSERT_NE(edit, nullptr);
+    edit->SetText("a\nb\nc");
+    edit->VerticalScrollBar->SetValue(3);
+    Host.ClearRecords();
+    Parent->DeleteChild(edit);
+    EXPECT_TRUE(Host.AtomRuns.empty());
 }
 
 TEST_F(TextEditTest, AHeldKeyRepeatsWhileTheEditorHasTheFocus) {

@@ -42,7 +42,10 @@ TAVUFactory<TAVUTextEdit> g_TAVUTextEditFactory(kTypeWord);
 TAVUTextEdit::TAVUTextEdit(const char* type, TAVUElement* parent, const char* name)
     : TAVUFrame(type, parent, name) {}
 
+// The bar is left alone: it goes with the children, and a change of its
+// range now could run its script while the editor is being taken apart.
 TAVUTextEdit::~TAVUTextEdit() {
+    VerticalScrollBar = nullptr;
     Clear();
     TAVUFont::Delete(Font);
     TAVUTexture::Delete(CaretTexture);
