@@ -4,6 +4,7 @@
 #include "TAVUSlider.h"
 #include "TAVUTextEdit.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -272,7 +273,7 @@ TEST_F(TextEditTest, ADeletionFromAnEventStopsTheEditorCleanly) {
     g_UIManager.AddTemplate("DoomBar", "<Template><Slider><Width>16</Width><Height>100%</Height>"
                                        "<OnChange>x</OnChange></Slider></Template>");
     Host.KeyNames = {{40, "Down"}, {13, "Enter"}, {88, "X"}, {34, "PageDown"}};
-    for (const char* keys : {"w", "n", "X", "g"}) {
+    for (const char* keys : {"w", "n", "X", "g", "b", "ed"}) {
         SCOPED_TRACE(keys);
         auto* edit = Load<TAVUTextEdit>("textedit", keys,
                                         "<textedit Template=\"Doomed\"><Width>100</Width>"
@@ -282,6 +283,10 @@ TEST_F(TextEditTest, ADeletionFromAnEventStopsTheEditorCleanly) {
         edit->SetText("a\nb\nc");
         g_UIManager.SetFocusElement(edit);
         RenderFrame();
+        // The bar at the top and the caret on the middle line: a line less
+        // moves the bar too.
+        edit->VerticalScrollBar->SetValue(3);
+        edit->Caret = TextEditPos{edit->FirstLine->Next, 0};
         TAVUElementWatch watch(edit);
         Host.OnExecuteAtom = [&](const FakeHost::AtomRun&) {
             if (watch.Alive()) Parent->DeleteChild(edit);

@@ -147,10 +147,12 @@ void TAVUTextEdit::Clear() {
     if (VerticalScrollBar) VerticalScrollBar->SetRange(1);
 }
 
+// The bar's script may run as its range changes, and may delete the editor.
 void TAVUTextEdit::SetText(const char* text) {
+    TAVUElementWatch watch(this);
     Clear();
-    AddText(text);
-    Caret.Line = ViewStart.Line = FirstLine;
+    if (watch.Alive()) AddText(text);
+    if (watch.Alive()) Caret.Line = ViewStart.Line = FirstLine;
 }
 
 // Each line feed ends a line, and a carriage return before it goes with it;
@@ -262,7 +264,9 @@ void TAVUTextEdit::HandleBackspace() {
     } else if (CTextEditLine* previous = line->Prev) {
         size_t join = previous->Length;
         previous->InsertText(join, line->Text, line->Length);
+        TAVUElementWatch watch(this);
         RemoveLine(line, true);
+        if (!watch.Alive()) return;
         Caret = TextEditPos{previous, join};
     }
     ClearSelection();
@@ -272,10 +276,12 @@ void TAVUTextEdit::HandleBackspace() {
 void TAVUTextEdit::HandleDelete() {
     CTextEditLine* line = Caret.Line;
     if (!line) return;
+    TAVUElementWatch watch(this);
     if (line->Length == 0) {
         if (line->Next) {
             CTextEditLine* next = line->Next;
             RemoveLine(line, false);
+            if (!watch.Alive()) return;
             Caret.Line = next;
         }
     } else if (Caret.Pos >= line->Length) {
@@ -283,6 +289,7 @@ void TAVUTextEdit::HandleDelete() {
             CTextEditLine* next = line->Next;
             line->InsertText(line->Length, next->Text, next->Length);
             RemoveLine(next, false);
+            if (!watch.Alive()) return;
         }
     } else {
         line->Erase(Caret.Pos, 1);
