@@ -14,25 +14,7 @@
 #include <string>
 
 namespace {
-// Measures 7 pixels a byte, through whole texts and character by character.
-class EntryHost : public NullHost {
-public:
-    void MeasureText(unsigned, const char* text, size_t* width) override {
-        *width = strlen(text) * 7;
-    }
-    bool GetCharWidths(unsigned, unsigned, unsigned, float* abc) override {
-        abc[0] = abc[2] = 0.0f;
-        abc[1] = 7.0f;
-        return true;
-    }
-    size_t DrawText(unsigned, const char* text, tagRECT*, unsigned, unsigned) override {
-        ++Drawn;
-        return strlen(text) * 7;
-    }
-    size_t Drawn = 0;
-};
-
-EntryHost g_EntryHost;
+FixedPitchHost g_EntryHost;
 
 // A focused 300-pixel entry of the largest buffer, on this program's host.
 TAVUTextEntry* MakeEntry() {

@@ -5,6 +5,8 @@
 #include "HostInterface.h"
 #include "HostScriptInterface.h"
 
+#include <cstring>
+
 class NullHost : public HostInterface, public HostScriptInterface {
 public:
     RXScript* GetCurrentScript() override { return nullptr; }
@@ -74,4 +76,23 @@ public:
     unsigned CompileQuery(const char*) override { return 0; }
     bool EvaluateQuery(unsigned, _RXTypeVar*, bool*) override { return false; }
     void FreeQuery(unsigned) override {}
+};
+
+// Measures 7 pixels a byte, through whole texts and character by character,
+// as a host with a cached fixed advance would, and counts the texts drawn.
+class FixedPitchHost : public NullHost {
+public:
+    void MeasureText(unsigned, const char* text, size_t* width) override {
+        *width = strlen(text) * 7;
+    }
+    bool GetCharWidths(unsigned, unsigned, unsigned, float* abc) override {
+        abc[0] = abc[2] = 0.0f;
+        abc[1] = 7.0f;
+        return true;
+    }
+    size_t DrawText(unsigned, const char* text, tagRECT*, unsigned, unsigned) override {
+        ++Drawn;
+        return strlen(text) * 7;
+    }
+    size_t Drawn = 0;
 };

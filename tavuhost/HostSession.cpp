@@ -32,7 +32,7 @@ void PrintLine(const std::string& line) {
 HostSession::HostSession(const HostOptions& options)
     : Options(options), Host(Engine, Trace, Module),
       Objects(Engine, Host.DisplayWidth(), Host.DisplayHeight()),
-      Consoles(Engine, Host.CurrentConsole()), Inspect(Module, Engine, Host) {
+      Consoles(Engine, Host.CurrentConsole()), TextEdits(Engine), Inspect(Module, Engine, Host) {
     Engine.SetConsole([this](const std::string& line) {
         PrintLine(line);
         Consoles.Route(line);

@@ -12,6 +12,7 @@
 #include "ScriptEngine.h"
 #include "SoftwareRenderer.h"
 #include "ConsoleElements.h"
+#include "TextEditElements.h"
 #include "ElementModules.h"
 #include "Inspector.h"
 #include "LiveReload.h"
@@ -65,6 +66,7 @@ private:
     HeadlessHost Host;
     HostObjects Objects;
     ConsoleElements Consoles;
+    TextEditElements TextEdits;
     Inspector Inspect;                       // stands between the input and Host
     std::unique_ptr<LiveReload> Live;        // with --watch
     std::unique_ptr<OverlayPainter> Painter; // when frames are painted

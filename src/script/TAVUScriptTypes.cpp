@@ -15,6 +15,7 @@
 #include "TAVUSliderType.h"
 #include "TAVUTabControlType.h"
 #include "TAVUTabType.h"
+#include "TAVUTextEditType.h"
 #include "TAVUTextEntryType.h"
 #include "TAVUTextType.h"
 #include "TAVUTextureType.h"
@@ -72,7 +73,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavutab", &pTAVUTabType, TAVUTabType::Make, &pTAVUFrameType},
     {"tavutabcontrol", &pTAVUTabControlType, TAVUTabControlType::Make, &pTAVUFrameType},
     {"tavutext", &pTAVUTextType, TAVUTextType::Make, &pTAVUElementType},
-    {"tavutextedit", &pTAVUTextEditType, nullptr, &pTAVUElementType},
+    {"tavutextedit", &pTAVUTextEditType, TAVUTextEditType::Make, &pTAVUElementType},
     {"tavutextentry", &pTAVUTextEntryType, TAVUTextEntryType::Make, &pTAVUElementType},
     {"tavutexture", &pTAVUTextureType, TAVUTextureType::Make, nullptr},
     {"tavutooltip", &pTAVUTooltipType, TAVUTooltipType::Make, &pTAVUFrameType},

@@ -7,9 +7,11 @@
 #include "TAVUConsoleSelector.h"
 #include "TAVUFont.h"
 #include "TAVUElement.h"
+#include "TAVUScrollBar.h"
 #include "TAVUTexture.h"
 #include "XMLHelper.h"
 
+#include <cstring>
 #include <string>
 
 XMLNode* TAVUControlHelpers::ResolveTemplate(XMLNode* node, XMLNode* templateNode,
@@ -104,4 +106,34 @@ int TAVUControlHelpers::CaptionTop(const TAVUElement* element, const TAVUFont* f
 void TAVUControlHelpers::ReplaceText(char*& field, const char* text) {
     StrFree(field);
     field = StrDuplicate(text);
+}
+
+TAVUScrollBar* TAVUControlHelpers::CreateVerticalBar(TAVUElement* owner, const char* templateName,
+                                                     unsigned range) {
+    auto* bar = new TAVUScrollBar("scrollbar", owner, "vertical");
+    _CreateScrollBar create;
+    create.Width = 16;
+    create.XPosition.Type = ElementPosition::FarEdge;
+    create.XPosition.Value.Pixels = 16;
+    create.HeightPosition.Type = ElementPosition::Fraction;
+    create.HeightPosition.Value.Factor = 1.0f;
+    create.Visible = true;
+    create.Range = range;
+    create.Vertical = true;
+    bar->Create(create, g_UIManager.FindTemplate(templateName));
+    return bar;
+}
+
+void TAVUControlHelpers::PutOnClipboard(const char* text, size_t count) {
+    if (!g_pHost || !g_pHost->OpenClipboard()) return;
+    EmptyClipboard();
+    HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, count + 1);
+    if (char* target = memory ? static_cast<char*>(GlobalLock(memory)) : nullptr) {
+        memcpy(target, text, count);
+        target[count] = 0;
+        GlobalUnlock(memory);
+        // A clipboard that did not take the memory leaves it with us.
+        if (!SetClipboardData(CF_TEXT, memory)) GlobalFree(memory);
+    }
+    CloseClipboard();
 }

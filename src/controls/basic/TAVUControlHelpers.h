@@ -12,6 +12,7 @@
 
 class TAVUElement;
 class TAVUFont;
+class TAVUScrollBar;
 class TAVUTexture;
 class XMLNode;
 
@@ -65,4 +66,13 @@ public:
     // keep the texture's frame at width border.
     static void DrawTexture(TAVUElement* element, tagRECT& rect, TAVUTexture* texture,
                             unsigned border, unsigned borderColor);
+
+    // A vertical scroll bar named "vertical" made as a child of owner with the
+    // named template: 16 pixels wide at the far edge, the owner's full height.
+    static TAVUScrollBar* CreateVerticalBar(TAVUElement* owner, const char* templateName,
+                                            unsigned range);
+
+    // Opens the clipboard through the host and puts count bytes of text on it
+    // as plain text; silent when the clipboard cannot be had.
+    static void PutOnClipboard(const char* text, size_t count);
 };

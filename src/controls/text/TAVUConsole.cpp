@@ -83,17 +83,8 @@ bool TAVUConsole::FromXML(XMLNode* node, XMLNode* templateNode) {
 bool TAVUConsole::LoadScrollBar(XMLNode* node, XMLNode* templateNode) {
     const char* templateName = TAVUControlHelpers::ReadString(node, templateNode, "ScrollBar");
     if (templateName && templateName[0]) {
-        ScrollBar = new TAVUScrollBar("scrollbar", this, "vertical");
-        _CreateScrollBar create;
-        create.Width = 16;
-        create.XPosition.Type = ElementPosition::FarEdge;
-        create.XPosition.Value.Pixels = 16;
-        create.HeightPosition.Type = ElementPosition::Fraction;
-        create.HeightPosition.Value.Factor = 1.0f;
-        create.Visible = true;
-        create.Range = unsigned(BackBufferSize);
-        create.Vertical = true;
-        ScrollBar->Create(create, g_UIManager.FindTemplate(templateName));
+        ScrollBar =
+            TAVUControlHelpers::CreateVerticalBar(this, templateName, unsigned(BackBufferSize));
         ScrollBar->SetValue(0);
         return true;
     }
@@ -392,18 +383,6 @@ namespace {
 struct GridSpan {
     int FirstColumn, Columns, FirstRow, EndRow;
 };
-
-void PutOnClipboard(const std::string& text) {
-    if (!g_pHost || !g_pHost->OpenClipboard()) return;
-    EmptyClipboard();
-    HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
-    if (char* target = memory ? static_cast<char*>(GlobalLock(memory)) : nullptr) {
-        memcpy(target, text.c_str(), text.size() + 1);
-        GlobalUnlock(memory);
-        SetClipboardData(CF_TEXT, memory);
-    }
-    CloseClipboard();
-}
 } // namespace
 
 // Left of the text the left edge is set to the text's own screen offset
@@ -446,5 +425,5 @@ void TAVUConsole::CopySelection() {
             text.append(plain + span.FirstColumn,
                         std::min(length - size_t(span.FirstColumn), size_t(span.Columns)));
     }
-    PutOnClipboard(text);
+    TAVUControlHelpers::PutOnClipboard(text.c_str(), text.size());
 }

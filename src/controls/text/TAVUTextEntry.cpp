@@ -282,7 +282,7 @@ bool TAVUTextEntry::OnKeyDown(unsigned key) {
         HandleBackspace();
         break;
     case KeyTab:
-        MoveFocus();
+        MoveFocus(this);
         break;
     case KeyEnter:
     case KeySeparator:
@@ -335,25 +335,30 @@ bool TAVUTextEntry::FinishKeyDown(unsigned key) {
 // The key's characters by the keyboard layout, each byte of their UTF-8
 // typed in turn; false when the key types nothing.
 bool TAVUTextEntry::TypeKey(unsigned key) {
-    WORD characters = 0;
-    int count = ToAscii(key, 0x80000000u, g_UIManager.KeyState, &characters, 0);
-    if (count <= 0) return false;
-    char bytes[2] = {char(characters & 0xFF), char(characters >> 8)};
-    std::string typed = SystemToUtf8(bytes, count > 2 ? 2 : count);
+    std::string typed;
+    if (!KeyCharacters(key, typed)) return false;
     TAVUElementWatch watch(this);
     for (size_t i = 0; i < typed.size() && watch.Alive(); ++i)
         InsertCharacter(typed[i]);
     return true;
 }
 
-// The next entry or editor in Tab order (the previous with Shift) takes the
-// focus. The walk covers the whole tree: it is not held to the entry's window.
-void TAVUTextEntry::MoveFocus() {
+bool TAVUTextEntry::KeyCharacters(unsigned key, std::string& typed) {
+    WORD characters = 0;
+    int count = ToAscii(key, 0x80000000u, g_UIManager.KeyState, &characters, 0);
+    if (count <= 0) return false;
+    char bytes[2] = {char(characters & 0xFF), char(characters >> 8)};
+    typed = SystemToUtf8(bytes, count > 2 ? 2 : count);
+    return true;
+}
+
+// The walk covers the whole tree: it is not held to the element's window.
+void TAVUTextEntry::MoveFocus(TAVUElement* from) {
     bool back = g_UIManager.Shift;
-    TAVUElement* next = back ? WalkReverse(true, nullptr) : Walk(true, nullptr);
-    while (next && next != this && !IsEntryType(next))
+    TAVUElement* next = back ? from->WalkReverse(true, nullptr) : from->Walk(true, nullptr);
+    while (next && next != from && !IsEntryType(next))
         next = back ? next->WalkReverse(true, nullptr) : next->Walk(true, nullptr);
-    if (next && next != this) g_UIManager.SetFocusElement(next);
+    if (next && next != from) g_UIManager.SetFocusElement(next);
 }
 
 void TAVUTextEntry::Render() {
@@ -378,23 +383,23 @@ void TAVUTextEntry::DrawBackground(tagRECT& rect) {
 // The repeat of a held key counts from the planned time, not from now, so
 // that a slow frame does not slow the repeat down. False when the repeated
 // key's handling deleted the entry.
-bool TAVUTextEntry::RepeatHeldKey() {
-    if (!RepeatKey) return true;
-    if (!IsFocus()) {
-        RepeatKey = 0;
+bool TAVUTextEntry::RepeatHeldKey(TAVUElement* element, unsigned& repeatKey, unsigned& nextRepeat) {
+    if (!repeatKey) return true;
+    if (!element->IsFocus()) {
+        repeatKey = 0;
         return true;
     }
-    unsigned planned = NextRepeat;
+    unsigned planned = nextRepeat;
     if (GetTickCount() <= planned) return true;
-    TAVUElementWatch watch(this);
-    OnKeyDown(RepeatKey);
+    TAVUElementWatch watch(element);
+    element->OnKeyDown(repeatKey);
     if (!watch.Alive()) return false;
-    NextRepeat = planned + g_UIManager.KeyRepeatInterval;
+    nextRepeat = planned + g_UIManager.KeyRepeatInterval;
     return true;
 }
 
 bool TAVUTextEntry::RenderCustom() {
-    if (!RepeatHeldKey()) return false;
+    if (!RepeatHeldKey(this, RepeatKey, NextRepeat)) return false;
     tagRECT rect = TAVUControlHelpers::ScreenRect(this);
     DrawBackground(rect);
     rect.left = WrapAdd(rect.left, kInset);

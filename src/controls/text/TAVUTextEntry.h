@@ -13,6 +13,7 @@
 #include "TAVUFont.h"
 
 #include <cstddef>
+#include <string>
 
 struct _CreateTextEntry : _CreateHead {
     const char* Text = nullptr;
@@ -85,6 +86,17 @@ public:
     // interfaces have always had it so.
     size_t GetPositionFromPoint(_Point2i& point);
 
+    // The next entry or editor in Tab order from an element (the previous
+    // with Shift) takes the focus.
+    static void MoveFocus(TAVUElement* from);
+    // The UTF-8 bytes a virtual key types by the keyboard layout; false
+    // when it types nothing.
+    static bool KeyCharacters(unsigned key, std::string& typed);
+    // Presses a held key again once its time has come, while the element
+    // has the focus (the repeat ends when it loses it). False when the
+    // repeated key's handling deleted the element.
+    static bool RepeatHeldKey(TAVUElement* element, unsigned& repeatKey, unsigned& nextRepeat);
+
     // Repeats a held key, then draws the background, text and caret. False
     // when the repeated key's handling deleted the entry.
     bool RenderCustom();
@@ -135,8 +147,6 @@ private:
     void Allocate();
     void ReadKeys(XMLNode* node, XMLNode* templateNode);
     bool TypeKey(unsigned key);
-    void MoveFocus();
-    bool RepeatHeldKey();
     const char* ShownText(char* mask);
     void ScrollToCaret(const char* shown);
     void DrawBackground(tagRECT& rect);
