@@ -19,6 +19,8 @@
 #include "TAVUTextType.h"
 #include "TAVUTextureType.h"
 #include "TAVUTooltipType.h"
+#include "TAVUTreeNodeType.h"
+#include "TAVUTreeType.h"
 #include "TAVUWindowType.h"
 #include "TavukitType.h"
 
@@ -76,7 +78,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavutextentry", &pTAVUTextEntryType, TAVUTextEntryType::Make, &pTAVUElementType},
     {"tavutexture", &pTAVUTextureType, TAVUTextureType::Make, nullptr},
     {"tavutooltip", &pTAVUTooltipType, TAVUTooltipType::Make, &pTAVUFrameType},
-    {"tavutreenode", &pTAVUTreeNodeType, nullptr, nullptr},
-    {"tavutree", &pTAVUTreeType, nullptr, &pTAVUFrameType},
+    {"tavutreenode", &pTAVUTreeNodeType, TAVUTreeNodeType::Make, nullptr},
+    {"tavutree", &pTAVUTreeType, TAVUTreeType::Make, &pTAVUFrameType},
     {"tavuwindow", &pTAVUWindowType, TAVUWindowType::Make, &pTAVUFrameType},
 };
