@@ -8,6 +8,7 @@
 #include "TAVUFontType.h"
 #include "TAVUFrameType.h"
 #include "TAVUGaugeType.h"
+#include "TAVUHudElementType.h"
 #include "TAVUListBoxItemType.h"
 #include "TAVUListBoxType.h"
 #include "TAVUMessageBoxType.h"
@@ -65,7 +66,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavuconsole", &pTAVUConsoleType, TAVUConsoleType::Make, &pTAVUFrameType},
     {"tavufont", &pTAVUFontType, TAVUFontType::Make, nullptr},
     {"tavugauge", &pTAVUGaugeType, TAVUGaugeType::Make, &pTAVUFrameType},
-    {"tavuhudelement", &pTAVUHudElementType, nullptr, &pTAVUElementType},
+    {"tavuhudelement", &pTAVUHudElementType, TAVUHudElementType::Make, &pTAVUElementType},
     {"tavumapblip", &pTAVUMapBlipType, nullptr, &pTAVUFrameType},
     {"tavumap", &pTAVUMapType, nullptr, &pTAVUElementType},
     {"tavumessagebox", &pTAVUMessageBoxType, TAVUMessageBoxType::Make, &pTAVUElementType},
