@@ -361,3 +361,32 @@ TEST_F(TreeTest, QueriesFindTheFirstNodeTheyHoldForAndAlwaysFreeTheQuery) {
     EXPECT_EQ(Host.Count("FreeQuery"), 1u);
     Host.QueryHolds = nullptr;
 }
+
+// Sizes no interface should give: no division by zero, no overflow (UBSan
+// watches), and what is drawn and hit follows the rules.
+TEST_F(TreeTest, HostileSizesDrawAndHitWithoutFault) {
+    const struct {
+        const char* Keys;
+        const char* Expected; // rows drawn, node hit at 60,30, scroll bar shown
+    } rows[] = {
+        {"<ItemHeight>0</ItemHeight>", "0 - 0"},
+        {"<Height>-50</Height>", "4 a1 0"},               // 50 short of the parent's height
+        {"<ItemHeight>4294967295</ItemHeight>", "0 A 1"}, // no whole row fits, the first is hit
+        {"<IndentPerDepth>4000000000</IndentPerDepth><Border>2147483647</Border>", "4 - 1"},
+        {"<Width>-9</Width><ImageSize>4294967295</ImageSize>", "4 a1 0"}, // all image zone
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Keys);
+        TAVUTree* tree = Tree(row.Keys);
+        ASSERT_NE(tree, nullptr);
+        Build(tree->Root, "A(a1 a2) B");
+        RenderFrame();
+        RenderFrame();
+        bool onImage = false;
+        TAVUTreeNode* hit = tree->NodeFromPoint(60, 30, onImage);
+        EXPECT_EQ(Words(Host.Texts.size(), hit ? hit->Text : "-", tree->ScrollBar->Visible),
+                  row.Expected);
+        Press(tree, 60, 30);
+        Parent->DeleteChild(tree);
+    }
+}
