@@ -270,22 +270,6 @@ TEST_F(TreeTest, ScriptsThatRemoveNodesOrTheTreeFromItsEvents) {
     }
 }
 
-TEST_F(TreeTest, RemovingNodesLetsTheSelectionGoAndInvalidatesEveryHandleBelow) {
-    TAVUTree* tree = Tree("<OnDeSelect>desel</OnDeSelect>");
-    ASSERT_NE(tree, nullptr);
-    Build(tree->Root, "A(a1(b1 b2) a2) B");
-    TAVUTreeNode* b2 = Find(tree, "b2");
-    TAVUTreeNode* a1 = Find(tree, "a1");
-    tree->Select(b2);
-    Host.ClearRecords();
-    a1->Remove();
-    EXPECT_EQ(Words(tree->Selection == nullptr, Host.Ran().size(), tree->Nodes.size(), Walk(tree)),
-              "1 1 4 0A 1a2 0B");
-    EXPECT_EQ(tree->GetNode(uint64_t(uintptr_t(b2))), nullptr);
-    tree->Root->RemoveChildren();
-    EXPECT_EQ(Words(tree->Nodes.size(), tree->VisibleRowCount()), "1 0");
-}
-
 // Ten thousand levels: building, drawing, hit testing, removal and
 // destruction all go by loops, not by a recursion as deep as the tree.
 TEST_F(TreeTest, ATreeTenThousandDeepDrawsAndGoesAway) {
