@@ -11,4 +11,5 @@ file(GLOB TAVUKIT_INCLUDE_DIRS LIST_DIRECTORIES true
      ${CMAKE_SOURCE_DIR}/src/controls/text ${CMAKE_SOURCE_DIR}/src/controls/basic
      ${CMAKE_SOURCE_DIR}/src/controls/window ${CMAKE_SOURCE_DIR}/src/controls/map
      ${CMAKE_SOURCE_DIR}/src/controls/list ${CMAKE_SOURCE_DIR}/src/controls/tab
-     ${CMAKE_SOURCE_DIR}/src/controls/table)
+     ${CMAKE_SOURCE_DIR}/src/controls/table
+     ${CMAKE_SOURCE_DIR}/src/controls/tree)

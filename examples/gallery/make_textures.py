@@ -131,3 +131,40 @@ def drop_button(path):
     png(path, w, h, pixel)
 
 drop_button('textures/drop_button.png')
+
+# The file browser's node images, 16 by 16: a page with a folded corner for
+# a file, a closed folder, and an open one whose front leans back to show
+# it holds something.
+def page(path):
+    def pixel(x, y):
+        if not (3 <= x <= 12 and 1 <= y <= 14) or x - 8 > y - 1 + 0:
+            return CLEAR
+        fold = x >= 9 and y <= 5 and x - 9 >= y - 1
+        edge = x in (3, 12) or y in (1, 14) or (x - 8 == y - 1)
+        if fold:
+            return hexrgb(0xA9B6C9) + (255,)
+        if edge:
+            return hexrgb(0x6F7F98) + (255,)
+        line = y in (7, 9, 11) and 5 <= x <= 10
+        return hexrgb(0x8A98AE if line else 0xE4EAF2) + (255,)
+    png(path, 16, 16, pixel)
+
+def folder(path, open_):
+    def pixel(x, y):
+        tab = 1 <= x <= 6 and 3 <= y <= 4
+        body = 1 <= x <= 14 and 5 <= y <= 13
+        if open_ and 7 <= y <= 13:
+            lean = (13 - y) // 3
+            front = 1 + lean <= x <= 14 and y >= 7
+            if front:
+                return mix(hexrgb(0xF7D27A), hexrgb(0xD9A441), (y - 7) / 6) + (255,)
+        if tab or body:
+            edge = x in (1, 14) or y == 13 or (tab and y == 3) or (body and y == 5 and x > 6)
+            color = 0x9C6E1E if edge else 0xC8923A
+            return hexrgb(color) + (255,)
+        return CLEAR
+    png(path, 16, 16, pixel)
+
+page('textures/node_file.png')
+folder('textures/node_folder.png', False)
+folder('textures/node_folder_open.png', True)

@@ -17,13 +17,14 @@ public:
     bool ToTextSized(RXObjectData& object, char* buffer, size_t size) override;
     RXTypeDefinition* ParentType() override { return *Parent; }
 
+    // A texture of the control; false when there is none.
+    static bool SetTexture(_RXTypeVar& result, TAVUTexture* texture);
+
 protected:
     // Registers the names with IDs counting from 0, in order.
     void AddMembers(const char* const* names, uint32_t count);
     void AddMethods(const char* const* names, uint32_t count);
 
-    // A texture of the control; false when there is none.
-    static bool SetTexture(_RXTypeVar& result, TAVUTexture* texture);
     // A font of the control, also when there is none: scripts get an empty one.
     static bool SetFont(_RXTypeVar& result, TAVUFont* font);
     // The source text of a caption; false when there is none.

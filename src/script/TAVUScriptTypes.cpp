@@ -8,6 +8,7 @@
 #include "TAVUFontType.h"
 #include "TAVUFrameType.h"
 #include "TAVUGaugeType.h"
+#include "TAVUHudElementType.h"
 #include "TAVUListBoxItemType.h"
 #include "TAVUListBoxType.h"
 #include "TAVUMessageBoxType.h"
@@ -20,6 +21,8 @@
 #include "TAVUTextType.h"
 #include "TAVUTextureType.h"
 #include "TAVUTooltipType.h"
+#include "TAVUTreeNodeType.h"
+#include "TAVUTreeType.h"
 #include "TAVUWindowType.h"
 #include "TavukitType.h"
 
@@ -64,7 +67,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavuconsole", &pTAVUConsoleType, TAVUConsoleType::Make, &pTAVUFrameType},
     {"tavufont", &pTAVUFontType, TAVUFontType::Make, nullptr},
     {"tavugauge", &pTAVUGaugeType, TAVUGaugeType::Make, &pTAVUFrameType},
-    {"tavuhudelement", &pTAVUHudElementType, nullptr, &pTAVUElementType},
+    {"tavuhudelement", &pTAVUHudElementType, TAVUHudElementType::Make, &pTAVUElementType},
     {"tavumapblip", &pTAVUMapBlipType, nullptr, &pTAVUFrameType},
     {"tavumap", &pTAVUMapType, nullptr, &pTAVUElementType},
     {"tavumessagebox", &pTAVUMessageBoxType, TAVUMessageBoxType::Make, &pTAVUElementType},
@@ -77,7 +80,7 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavutextentry", &pTAVUTextEntryType, TAVUTextEntryType::Make, &pTAVUElementType},
     {"tavutexture", &pTAVUTextureType, TAVUTextureType::Make, nullptr},
     {"tavutooltip", &pTAVUTooltipType, TAVUTooltipType::Make, &pTAVUFrameType},
-    {"tavutreenode", &pTAVUTreeNodeType, nullptr, nullptr},
-    {"tavutree", &pTAVUTreeType, nullptr, &pTAVUFrameType},
+    {"tavutreenode", &pTAVUTreeNodeType, TAVUTreeNodeType::Make, nullptr},
+    {"tavutree", &pTAVUTreeType, TAVUTreeType::Make, &pTAVUFrameType},
     {"tavuwindow", &pTAVUWindowType, TAVUWindowType::Make, &pTAVUFrameType},
 };

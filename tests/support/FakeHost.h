@@ -84,6 +84,8 @@ public:
     std::function<int(const AtomRun&)> OnExecuteAtom;             // runs inside ExecuteAtom
     std::function<void(const std::string&)> OnExecuteCommand;     // runs inside ExecuteCommand
     std::string AtomResult;                                       // ExecuteAtomForResult's text
+    bool FailQueries = false;                                     // CompileQuery answers 0
+    std::function<bool(_RXTypeVar*)> QueryHolds;                  // EvaluateQuery's result
     bool ClipboardAvailable = true;
     std::string CurrentConsole = "Default";
     std::map<std::string, RXTypeDefinition*> HostTypes; // FindType; unknown names give null
@@ -274,10 +276,10 @@ public:
     char* GetTempBuffer(unsigned size, const char* contents) override;
     // RegisterPersistentClass and InvalidatePersistentObject are shared with HostServices.
     unsigned CompileQuery(const char* query) override {
-        return Answer("CompileQuery", {Quoted(query)}, NextHandle++);
+        return Answer("CompileQuery", {Quoted(query)}, FailQueries ? 0 : NextHandle++);
     }
     bool EvaluateQuery(unsigned query, _RXTypeVar* object, bool* result) override {
-        *result = false;
+        *result = QueryHolds && QueryHolds(object);
         return Answer("EvaluateQuery", {Number(query)}, true);
     }
     void FreeQuery(unsigned query) override { Record("FreeQuery", {Number(query)}); }
