@@ -10,6 +10,8 @@
 #include "TAVUGaugeType.h"
 #include "TAVUListBoxItemType.h"
 #include "TAVUListBoxType.h"
+#include "TAVUMapBlipType.h"
+#include "TAVUMapType.h"
 #include "TAVUMessageBoxType.h"
 #include "TAVUScrollBarType.h"
 #include "TAVUSliderType.h"
@@ -64,8 +66,8 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavufont", &pTAVUFontType, TAVUFontType::Make, nullptr},
     {"tavugauge", &pTAVUGaugeType, TAVUGaugeType::Make, &pTAVUFrameType},
     {"tavuhudelement", &pTAVUHudElementType, nullptr, &pTAVUElementType},
-    {"tavumapblip", &pTAVUMapBlipType, nullptr, &pTAVUFrameType},
-    {"tavumap", &pTAVUMapType, nullptr, &pTAVUElementType},
+    {"tavumapblip", &pTAVUMapBlipType, TAVUMapBlipType::Make, &pTAVUFrameType},
+    {"tavumap", &pTAVUMapType, TAVUMapType::Make, &pTAVUElementType},
     {"tavumessagebox", &pTAVUMessageBoxType, TAVUMessageBoxType::Make, &pTAVUElementType},
     {"tavuscrollbar", &pTAVUScrollBarType, TAVUScrollBarType::Make, &pTAVUElementType},
     {"tavuslider", &pTAVUSliderType, TAVUSliderType::Make, &pTAVUElementType},
