@@ -76,6 +76,12 @@ FirstLive(std::map<std::string, TAVUMapBlip*>::iterator start,
     return start;
 }
 
+// The three methods of one display switch: on, off and toggle.
+bool Switch(bool& flag, uint32_t method, uint32_t on, uint32_t toggle) {
+    flag = method == toggle ? !flag : method == on;
+    return true;
+}
+
 bool AddBlip(TAVUMap* map, int argc, char* argv[]) {
     if (argc < 1) return false;
     _Point3f location{ArgAt(argc, argv, 1), ArgAt(argc, argv, 2), ArgAt(argc, argv, 3)};
@@ -165,27 +171,19 @@ bool TAVUMapType::GetMethod(RXObjectData& object, _RXTypeMember* method, int arg
     case MethodClipZ:
     case MethodUnclipZ:
     case MethodToggleZClipping:
-        map->ZClipping =
-            method->ID == MethodToggleZClipping ? !map->ZClipping : method->ID == MethodClipZ;
-        return true;
+        return Switch(map->ZClipping, method->ID, MethodClipZ, MethodToggleZClipping);
     case MethodClipText:
     case MethodUnclipText:
     case MethodToggleTextClipping:
-        map->ClipText =
-            method->ID == MethodToggleTextClipping ? !map->ClipText : method->ID == MethodClipText;
-        return true;
+        return Switch(map->ClipText, method->ID, MethodClipText, MethodToggleTextClipping);
     case MethodShowLabels:
     case MethodHideLabels:
     case MethodToggleLabels:
-        map->ShowLabels =
-            method->ID == MethodToggleLabels ? !map->ShowLabels : method->ID == MethodShowLabels;
-        return true;
+        return Switch(map->ShowLabels, method->ID, MethodShowLabels, MethodToggleLabels);
     case MethodEnableRotation:
     case MethodDisableRotation:
     case MethodToggleRotation:
-        map->Rotation = method->ID == MethodToggleRotation ? !map->Rotation
-                                                           : method->ID == MethodEnableRotation;
-        return true;
+        return Switch(map->Rotation, method->ID, MethodEnableRotation, MethodToggleRotation);
     }
     return false;
 }

@@ -12,8 +12,8 @@ protected:
     struct Row {
         const char* Name;
         std::vector<std::string> Args;
-        int Answer;         // of the dispatch on a live object
-        const char* Result; // the member's value as text, or null
+        int Answer;                   // of the dispatch on a live object
+        const char* Result = nullptr; // the member's value as text, or null
     };
 
     // Every row of a type's table: each name answers as the row says on a
@@ -26,7 +26,9 @@ protected:
             SCOPED_TRACE(row.Name);
             EXPECT_EQ(Member(type, nullptr, row.Name, row.Args), 0);
             EXPECT_EQ(Member(type, object, row.Name, row.Args), row.Answer);
-            if (row.Result) EXPECT_EQ(ResultText(), row.Result);
+            if (row.Result) {
+                EXPECT_EQ(ResultText(), row.Result);
+            }
         }
         for (const Row& row : methods) {
             SCOPED_TRACE(row.Name);

@@ -81,18 +81,8 @@ void TAVUMap::UpdateBox() {
 // the walk. A blip out of range costs a test and a flag.
 void TAVUMap::PlaceBlips() {
     MendExtents();
-    for (auto& entry : BlipsByID) {
-        TAVUMapBlip* blip = entry.second;
-        if (!blip) continue;
-        _Point2i position;
-        if (!Project(blip->Location, Width, Height, blip->Width, blip->Height, position)) {
-            blip->Show(false);
-            continue;
-        }
-        blip->Show(true);
-        blip->X = position.x;
-        blip->Y = position.y;
-    }
+    for (auto& entry : BlipsByID)
+        if (TAVUMapBlip* blip = entry.second) Place(blip, &blip->Location, this);
 }
 
 TAVUMapBlip* TAVUMap::NewBlip(const char* name, const char* blipTemplate, const char* type) {

@@ -76,3 +76,15 @@ void TAVUMapArea::DrawBlipLabel(TAVUElement* blip, TAVUFont* font, const char* l
     else
         blip->DrawText(font, label, x, y);
 }
+
+void TAVUMapArea::Place(TAVUElement* blip, const _Point3f* location, const TAVUElement* map) const {
+    _Point2i position;
+    if (!location ||
+        !Project(*location, map->Width, map->Height, blip->Width, blip->Height, position)) {
+        blip->Show(false);
+        return;
+    }
+    blip->Show(true);
+    blip->X = position.x;
+    blip->Y = position.y;
+}

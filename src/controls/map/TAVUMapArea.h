@@ -34,6 +34,10 @@ public:
     bool Project(const _Point3f& location, int mapWidth, int mapHeight, int blipWidth,
                  int blipHeight, _Point2i& position) const;
 
+    // Shows and moves one blip (or a view of it) of the map by the location,
+    // or hides it when it is out of range or there is no location.
+    void Place(TAVUElement* blip, const _Point3f* location, const TAVUElement* map) const;
+
     // A blip's label, right of the blip and centred in its height when the
     // blip is the taller; cut at the map's right edge with ClipText. Nothing
     // without labels, a label or a font.

@@ -74,14 +74,7 @@ void TAVUMapView::PlaceViews() {
         TAVUMapBlipView* view = entry.second;
         if (!view) continue;
         TAVUMapBlip* blip = view->LiveBlip();
-        _Point2i position;
-        if (!blip || !Project(blip->Location, Width, Height, view->Width, view->Height, position)) {
-            view->Show(false);
-            continue;
-        }
-        view->Show(true);
-        view->X = position.x;
-        view->Y = position.y;
+        Place(view, blip ? &blip->Location : nullptr, this);
     }
 }
 
