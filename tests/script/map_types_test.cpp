@@ -4,6 +4,7 @@
 #include "TAVUScreen.h"
 #include "TAVUScriptTypes.h"
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -131,12 +132,10 @@ TEST_F(MapTypes, AddBlipArgumentsAndTheWalkOverNames) {
     object.Value.Pointer = map;
     EXPECT_FALSE(pTAVUMapType->ToTextSized(object, text, sizeof(text)));
 
-    // Rotation reads in degrees only while it is on; sizes take one value for both.
+    // A heading beyond a float's range is stored as an infinity, and read
+    // only while rotation is on.
     EXPECT_EQ(Method(pTAVUMapType, map, "SetRotation", {"1e300"}), 1);
-    EXPECT_EQ(Method(pTAVUMapType, map, "SetMapSize"), 1);
-    EXPECT_EQ(map->MapSizeX, 0.0f);
-    EXPECT_EQ(Method(pTAVUMapType, map, "SetMapSize", {"10", "20"}), 1);
-    EXPECT_EQ(map->MapSizeY, 20.0f);
+    EXPECT_TRUE(std::isinf(map->RotationAngle));
     EXPECT_EQ(Method(pTAVUMapType, map, "DisableRotation"), 1);
     EXPECT_EQ(Get(pTAVUMapType, map, "Rotation"), "0");
     EXPECT_EQ(Get(pTAVUMapType, map, "X"), "1 0");        // climbs to tavuelement
