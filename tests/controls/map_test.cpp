@@ -17,8 +17,8 @@ const float kNaN = std::numeric_limits<float>::quiet_NaN();
 const float kInf = std::numeric_limits<float>::infinity();
 const float kPi = 3.14159265f;
 
-// One world position projected into a 200 x 200 map (or the size given) with
-// a 10 x 10 blip: origin (0,0,0) and half extents of 100 unless a row says.
+// One world position projected into a map 200 wide (and as high as the row
+// says) with a 10 x 10 blip, around the origin (0,0,0).
 struct ProjectionRow {
     const char* Case;
     bool Radial;
@@ -42,29 +42,9 @@ TEST(MapProjection, WorldPositionsLandWhereTheMapPutsThem) {
         {"radial at the radius", true, false, 0, 100, 100, {100, 0, 0}, 200, false, 0, 0},
         {"radial stretches a wide map", true, false, 0, 100, 100, {50, 0, 0}, 100, true, 145, 45},
         {"radial ignores the Y extent", true, false, 0, 100, 10, {0, 50, 0}, 200, true, 95, 145},
-        {"rotation at 0 is a quarter turn",
-         false,
-         true,
-         0,
-         100,
-         100,
-         {50, 0, 0},
-         200,
-         true,
-         95,
-         45},
+        {"turned at 0: a quarter turn", false, true, 0, 100, 100, {50, 0, 0}, 200, true, 95, 45},
         {"rotation at 90 degrees", false, true, kPi / 2, 100, 100, {50, 0, 0}, 200, true, 45, 95},
-        {"a turned corner stays in, drawn outside",
-         false,
-         true,
-         kPi / 4,
-         100,
-         100,
-         {100, 100, 0},
-         200,
-         true,
-         95,
-         -46},
+        {"turned corner is in", false, true, kPi / 4, 100, 100, {100, 100, 0}, 200, true, 95, -46},
         {"negative radius mirrors", true, false, 0, -100, 100, {50, 0, 0}, 200, true, 45, 95},
         {"negative box extent hides all", false, false, 0, -100, 100, {0, 0, 0}, 200, false, 0, 0},
         {"zero X extent in a box", false, false, 0, 0, 100, {0, 0, 0}, 200, true, kOff, 95},
@@ -72,6 +52,10 @@ TEST(MapProjection, WorldPositionsLandWhereTheMapPutsThem) {
         {"NaN fails the radius test", true, false, 0, 100, 100, {kNaN, 0, 0}, 200, false, 0, 0},
         {"infinity is out of the box", false, false, 0, 100, 100, {0, -kInf, 0}, 200, false, 0, 0},
         {"huge extents", false, false, 0, 3e38f, 3e38f, {0, 0, 0}, 200, true, -5, -5},
+        {"on the height band's top", false, false, 0, 100, 100, {0, 0, 10}, 200, true, 95, 95},
+        {"on its bottom, radial", true, false, 0, 100, 100, {0, 0, -10}, 200, true, 95, 95},
+        {"above the band", false, false, 0, 100, 100, {0, 0, 10.01f}, 200, false, 0, 0},
+        {"NaN height is in the band", true, false, 0, 100, 100, {0, 0, kNaN}, 200, true, 95, 95},
     };
     for (const ProjectionRow& row : rows) {
         SCOPED_TRACE(row.Case);
@@ -81,6 +65,7 @@ TEST(MapProjection, WorldPositionsLandWhereTheMapPutsThem) {
         area.RotationAngle = row.Angle;
         area.MapSizeX = row.SizeX;
         area.MapSizeY = row.SizeY;
+        area.ZClipping = true; // the band is 10 either side of the origin's height
         _Point2i at{7, 7};
         ASSERT_EQ(area.Project(row.Location, 200, row.MapHeight, 10, 10, at), row.Shown);
         if (row.Shown) {
@@ -88,21 +73,6 @@ TEST(MapProjection, WorldPositionsLandWhereTheMapPutsThem) {
             EXPECT_EQ(at.y, row.Y);
         }
     }
-}
-
-TEST(MapProjection, TheHeightBandCountsItsEndsInBothModes) {
-    const std::pair<float, bool> heights[] = {
-        {15, true}, {-5, true}, {15.01f, false}, {-5.01f, false}, {kNaN, true}};
-    for (bool radial : {false, true})
-        for (const auto& [z, shown] : heights) {
-            TAVUMapArea area;
-            area.Radial = radial;
-            area.ZClipping = true;
-            area.Origin = _Point3f{0, 0, 5};
-            _Point2i at{};
-            EXPECT_EQ(area.Project(_Point3f{0, 0, z}, 200, 200, 10, 10, at), shown)
-                << z << (radial ? " radial" : " box");
-        }
 }
 
 class MapTest : public ControlTest {
