@@ -132,8 +132,8 @@ TEST_F(MapTest, BlipsAreAddedReplacedByNameAndRemoved) {
     EXPECT_EQ(map->FindBlip("Beta"), nullptr);
     EXPECT_EQ(map->BlipCount, 2u);
     map->RemoveBlip(12345); // unknown: nothing, but the look-up leaves an empty slot
-    _Point3f far{1, 2, 3};
-    map->UpdateBlip(777, far);
+    _Point3f away{1, 2, 3};
+    map->UpdateBlip(777, away);
     EXPECT_EQ(map->BlipCount, 2u);
 
     // A blip deleted by any other path leaves the registries with it.
