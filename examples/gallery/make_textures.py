@@ -168,3 +168,42 @@ def folder(path, open_):
 page('textures/node_file.png')
 folder('textures/node_folder.png', False)
 folder('textures/node_folder_open.png', True)
+# The radar: a round scope face with range rings and a cross, clear outside
+# the circle, and the blips that stand on it.
+def radar_face(path, size):
+    c = size / 2
+    def pixel(x, y):
+        dx, dy = x + 0.5 - c, y + 0.5 - c
+        d = (dx * dx + dy * dy) ** 0.5
+        cover = max(0.0, min(1.0, c - d))
+        if cover <= 0:
+            return CLEAR
+        color = mix(hexrgb(0x0E3A24), hexrgb(0x05140C), d / c)
+        if d > c - 4:
+            color = hexrgb(0x5FA77A)
+        elif any(abs(d - c * k / 3) < 0.8 for k in (1, 2)) or abs(dx) < 0.6 or abs(dy) < 0.6:
+            color = mix(color, hexrgb(0x3F8F5E), 0.8)
+        return color + (int(255 * cover + 0.5),)
+    png(path, size, size, pixel)
+
+def dot(path, size, inner, outer):
+    def pixel(x, y):
+        c = size / 2
+        d = ((x + 0.5 - c) ** 2 + (y + 0.5 - c) ** 2) ** 0.5
+        cover = max(0.0, min(1.0, c - d))
+        return mix(hexrgb(inner), hexrgb(outer), d / c) + (int(255 * cover + 0.5),)
+    png(path, size, size, pixel)
+
+# The own ship in the middle: a bright arrow head pointing up, the heading.
+def own_ship(path, size):
+    def pixel(x, y):
+        px, py = x + 0.5, y + 0.5
+        half = py * 0.5
+        inside = abs(px - size / 2) <= half and py <= size - 1
+        return (hexrgb(0xE8FFF0) + (255,)) if inside else CLEAR
+    png(path, size, size, pixel)
+
+radar_face('textures/radar_face.png', 280)
+dot('textures/blip_contact.png', 8, 0xB6FFC8, 0x2FBF5A)
+dot('textures/blip_hostile.png', 10, 0xFFC2B0, 0xE0402A)
+own_ship('textures/radar_self.png', 12)

@@ -1,6 +1,7 @@
 #include "TAVUScriptType.h"
 
 #include "Module.h"
+#include "NumberHelpers.h"
 #include "RXTypeVar.h"
 #include "StringHelpers.h"
 #include "TAVUElement.h"
@@ -33,7 +34,7 @@ int TAVUScriptType::ArgInt(const char* text) {
 }
 
 float TAVUScriptType::ArgFloat(const char* text) {
-    return text ? float(atof(text)) : 0.0f;
+    return text ? NarrowToFloat(atof(text)) : 0.0f;
 }
 
 void TAVUScriptType::ArgHex(const char* text, unsigned& field) {

@@ -11,6 +11,8 @@
 #include "TAVUHudElementType.h"
 #include "TAVUListBoxItemType.h"
 #include "TAVUListBoxType.h"
+#include "TAVUMapBlipType.h"
+#include "TAVUMapType.h"
 #include "TAVUMessageBoxType.h"
 #include "TAVUScrollBarType.h"
 #include "TAVUSliderType.h"
@@ -68,8 +70,8 @@ const TAVUScriptTypeSlot g_TAVUScriptTypes[TAVU_SCRIPT_TYPE_COUNT] = {
     {"tavufont", &pTAVUFontType, TAVUFontType::Make, nullptr},
     {"tavugauge", &pTAVUGaugeType, TAVUGaugeType::Make, &pTAVUFrameType},
     {"tavuhudelement", &pTAVUHudElementType, TAVUHudElementType::Make, &pTAVUElementType},
-    {"tavumapblip", &pTAVUMapBlipType, nullptr, &pTAVUFrameType},
-    {"tavumap", &pTAVUMapType, nullptr, &pTAVUElementType},
+    {"tavumapblip", &pTAVUMapBlipType, TAVUMapBlipType::Make, &pTAVUFrameType},
+    {"tavumap", &pTAVUMapType, TAVUMapType::Make, &pTAVUElementType},
     {"tavumessagebox", &pTAVUMessageBoxType, TAVUMessageBoxType::Make, &pTAVUElementType},
     {"tavuscrollbar", &pTAVUScrollBarType, TAVUScrollBarType::Make, &pTAVUElementType},
     {"tavuslider", &pTAVUSliderType, TAVUSliderType::Make, &pTAVUElementType},
