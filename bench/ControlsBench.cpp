@@ -11,6 +11,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -36,7 +37,10 @@ public:
     }
     bool RetrieveProcessedText(unsigned handle, char* buffer, size_t size) override {
         if (!handle || handle > Texts.size() || !size) return false;
-        snprintf(buffer, size, "%s", Texts[handle - 1].c_str());
+        const std::string& text = Texts[handle - 1];
+        size_t length = text.size() < size ? text.size() : size - 1;
+        memcpy(buffer, text.data(), length);
+        buffer[length] = 0;
         return true;
     }
     void FreePreParsed(unsigned handle) override {
@@ -144,6 +148,13 @@ void HitSearch(benchmark::State& state) {
     state.counters["ns_per_move"] =
         benchmark::Counter(double(points.size()), benchmark::Counter::kIsIterationInvariantRate |
                                                       benchmark::Counter::kInvert);
+    int overControls = 0; // after the timing: that both sides find the same controls
+    for (_Point2i& point : points) {
+        g_UIManager.OnMouseMove(point);
+        TAVUElement* over = g_UIManager.FindElementByID(g_UIManager.MouseOverElementID);
+        if (over && (over->IsTypeOf("button") || over->IsTypeOf("checkbox"))) ++overControls;
+    }
+    state.counters["moves_over_controls"] = overControls;
     g_UIManager.Reset();
 }
 
