@@ -7,6 +7,7 @@ packages=(
     cmake ninja-build g++ clang libclang-rt-14-dev googletest libbenchmark-dev
     g++-mingw-w64-x86-64-posix wine64 wine
     libtinyxml2-dev libpugixml-dev libexpat1-dev
+    libcegui-mk2-dev libcegui-mk2-data fonts-cegui
     libfreetype-dev libfontconfig-dev fonts-dejavu-core libsdl2-dev libstb-dev pkgconf
     xvfb xauth xdotool
 )

@@ -38,8 +38,29 @@ const char* PathLastSeparator(const char* path) {
 #endif
 }
 
+#if !defined(_WIN32)
+namespace {
+// A path of ASCII bytes no longer than the cut goes through the conversions
+// unchanged, so it is given to the file system as it is.
+bool IsShortAscii(const char* path) {
+    for (int index = 0; index <= kMaxPathCharacters; ++index) {
+        unsigned char byte = static_cast<unsigned char>(path[index]);
+        if (byte == 0) return true;
+        if (byte >= 0x80) return false;
+    }
+    return false;
+}
+} // namespace
+#endif
+
 bool PathFileExists(const char* path) {
     if (!path || !path[0]) return false;
+#if !defined(_WIN32)
+    if (IsShortAscii(path)) {
+        struct stat info;
+        return stat(path, &info) == 0 && S_ISREG(info.st_mode);
+    }
+#endif
     std::vector<WCHAR> wide = WidePath(path);
     if (wide.empty()) return false;
 #if defined(_WIN32)

@@ -344,7 +344,7 @@ bool TAVUElement::GetStoragePosition(int& x, int& y, unsigned& width, unsigned& 
 
 TAVUElement* TAVUElement::FindChild(const char* name) {
     for (TAVUElement* child = FirstChild; child; child = child->Next)
-        if (StrCompareNoCase(child->Name, name) == 0) return child;
+        if (StrEqualNoCase(child->Name, name)) return child;
     return nullptr;
 }
 
@@ -468,7 +468,7 @@ void TAVUElement::BeginDeletion() {
 
 TAVUElement* TAVUElement::FindUsableChild(const char* name, const char* type) {
     for (TAVUElement* child = FirstChild; child; child = child->Next)
-        if (StrCompareNoCase(child->Name, name) == 0 && child->IsTypeOf(type)) return child;
+        if (StrEqualNoCase(child->Name, name) && child->IsTypeOf(type)) return child;
     for (TAVUElement* child = FirstChild; child; child = child->Next)
         if (TAVUElement* found = child->FindUsableChild(name, type)) return found;
     return nullptr;

@@ -80,6 +80,16 @@ bool TAVUElement::FromXML(XMLNode* node, XMLNode* templateNode) {
     return true;
 }
 
+namespace {
+bool HasEventKey(XMLNode* node) {
+    for (XMLNode* child = node ? node->FirstChild : nullptr; child; child = child->Next)
+        if (child->Type == XMLNode::Element && child->Name &&
+            StrCompareNoCaseN(child->Name, "on", 2) == 0)
+            return true;
+    return false;
+}
+} // namespace
+
 void TAVUElement::ReadScripts(XMLNode* node, XMLNode* templateNode) {
     struct Event {
         const char* Key;
@@ -105,9 +115,14 @@ void TAVUElement::ReadScripts(XMLNode* node, XMLNode* templateNode) {
         {"OnKeyDown", &TAVUElement::OnKeyDownScript, "string Key"},
         {"OnRender", &TAVUElement::OnRender, ""},
     };
+    // Every event key begins with "On": a node without such a key is left out
+    // of the lookups, and most template nodes hold none.
+    XMLNode* nodeEvents = HasEventKey(node) ? node : nullptr;
+    XMLNode* templateEvents = HasEventKey(templateNode) ? templateNode : nullptr;
+    if (!nodeEvents && !templateEvents) return;
     for (const Event& event : kEvents) {
         TAVUEmbeddedScript* script =
-            EmbeddedScriptFromXML(node, event.Key, templateNode, event.Arguments);
+            EmbeddedScriptFromXML(nodeEvents, event.Key, templateEvents, event.Arguments);
         if (script) ReplaceScript(this->*event.Field, script);
     }
 }

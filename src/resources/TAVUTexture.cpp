@@ -208,12 +208,12 @@ bool TAVUTexture::ResolveFilename(const char* name, char* path, size_t size) {
         return true;
     }
     char found[kPathBuffer] = {0};
-    if (!FindBesideCurrentFile(name, found)) {
+    if (!FindBesideCurrentFile(name, found)) { // which has seen the file, when it finds it
         found[0] = 0;
         if (!g_pHost->FindTextureFile(name, found)) StrCopyBounded(found, name, sizeof(found));
         found[sizeof(found) - 1] = 0;
+        if (!PathFileExists(found)) return false;
     }
-    if (!PathFileExists(found)) return false;
     StrCopyBounded(path, found, size);
     return true;
 }

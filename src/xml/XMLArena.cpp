@@ -22,6 +22,33 @@ constexpr size_t RoundUp(size_t bytes) {
 // Each object is preceded by one header slot that names its chunk.
 constexpr size_t kHeader = RoundUp(sizeof(void*));
 
+// Freed chunks of the largest size wait here for the next parse instead of
+// going back to the heap, up to a bound: a large tree is deleted and another
+// built chunk by chunk, and memory the heap gave back to the system costs a
+// page fault for each of its pages when it is taken again.
+struct SpareChunks {
+    static constexpr size_t kMost = 512; // 32 MB
+    void* Chunks[kMost];
+    size_t Count = 0;
+    ~SpareChunks() {
+        while (Count > 0)
+            free(Chunks[--Count]);
+    }
+};
+thread_local SpareChunks t_Spare;
+
+void* TakeChunk(size_t size) {
+    if (size == kLargestChunk && t_Spare.Count > 0) return t_Spare.Chunks[--t_Spare.Count];
+    return malloc(size);
+}
+
+void GiveBackChunk(void* memory, size_t size) {
+    if (size == kLargestChunk && t_Spare.Count < SpareChunks::kMost)
+        t_Spare.Chunks[t_Spare.Count++] = memory;
+    else
+        free(memory);
+}
+
 } // namespace
 
 void* XMLArena::AllocateLoose(size_t bytes) {
@@ -40,7 +67,7 @@ void* XMLArena::Allocate(size_t bytes) {
         size_t size = NextChunkBytes;
         if (NextChunkBytes < kLargestChunk) NextChunkBytes *= 2;
         if (size < RoundUp(sizeof(Chunk)) + needed) size = RoundUp(sizeof(Chunk)) + needed;
-        char* memory = static_cast<char*>(malloc(size));
+        char* memory = static_cast<char*>(TakeChunk(size));
         if (!memory) return AllocateLoose(bytes);
         Current = reinterpret_cast<Chunk*>(memory);
         Current->Live = 0;
@@ -58,7 +85,7 @@ void* XMLArena::Allocate(size_t bytes) {
 void XMLArena::Retire() {
     if (!Current) return;
     if (Current->Live == 0)
-        free(Current);
+        GiveBackChunk(Current, size_t(Current->End - reinterpret_cast<char*>(Current)));
     else
         Current->Retired = true;
     Current = nullptr;
@@ -72,5 +99,6 @@ void XMLArena::Release(void* object) {
         free(block);
         return;
     }
-    if (--chunk->Live == 0 && chunk->Retired) free(chunk);
+    if (--chunk->Live == 0 && chunk->Retired)
+        GiveBackChunk(chunk, size_t(chunk->End - reinterpret_cast<char*>(chunk)));
 }

@@ -34,8 +34,7 @@ ElementPosition FractionPosition(float factor) {
 XMLNode* XMLHelper::GetChild(XMLNode* node, const char* name) {
     if (!node) return nullptr;
     for (XMLNode* child = node->FirstChild; child; child = child->Next)
-        if (child->Type == XMLNode::Element && StrCompareNoCase(child->Name, name) == 0)
-            return child;
+        if (child->Type == XMLNode::Element && StrEqualNoCase(child->Name, name)) return child;
     return nullptr;
 }
 

@@ -99,7 +99,7 @@ void XMLNode::AppendTo(XMLNode* parent) {
 
 XMLAttribute* XMLNode::FindAttribute(const char* name) const {
     for (XMLAttribute* attribute = FirstAttribute; attribute; attribute = attribute->Next)
-        if (StrCompareNoCase(attribute->Name, name) == 0) return attribute;
+        if (StrEqualNoCase(attribute->Name, name)) return attribute;
     return nullptr;
 }
 
