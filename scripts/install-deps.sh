@@ -8,7 +8,7 @@ packages=(
     g++-mingw-w64-x86-64-posix wine64 wine
     libtinyxml2-dev libpugixml-dev libexpat1-dev
     libfreetype-dev libfontconfig-dev fonts-dejavu-core libsdl2-dev libstb-dev pkgconf
-    xvfb xauth xdotool
+    xvfb xauth xdotool libxml2-utils
 )
 
 missing=()
