@@ -185,7 +185,12 @@ void Linter::CheckElement(const LintElement& node) {
 
 void Linter::CheckKey(int type, const LintElement& key) {
     const TAVUKeyInfo* info = Registry.FindKey(unsigned(type), key.Name.c_str());
-    if (!info || info->Kind == TAVUKeyAttribute) {
+    if (info && info->Kind == TAVUKeyAttribute) {
+        Report(key.Place, "'" + key.Name + "' is an attribute, not a key: write " + key.Name +
+                              "=\"...\" in the tag");
+        return;
+    }
+    if (!info) {
         std::string message =
             "'" + key.Name + "' is not a key of " + Registry.TypeName(unsigned(type));
         if (const TAVUKeyInfo* near = Registry.NearestKey(unsigned(type), key.Name.c_str()))
