@@ -9,7 +9,7 @@ packages=(
     libtinyxml2-dev libpugixml-dev libexpat1-dev
     libcegui-mk2-dev libcegui-mk2-data fonts-cegui
     libfreetype-dev libfontconfig-dev fonts-dejavu-core libsdl2-dev libstb-dev pkgconf
-    xvfb xauth xdotool
+    xvfb xauth xdotool libxml2-utils
 )
 
 missing=()

@@ -31,6 +31,9 @@ const char* HostOptions::Usage() {
            "  --window        show the interface in a window to click and type into\n"
            "                  (F12 there opens the inspector)\n"
            "  --watch         reload the interface when a file of it changes on disk\n"
+           "  --lint          check the files and report each problem as\n"
+           "                  file:line:column: message (exit status 1 when any)\n"
+           "  --schema        write an XSD of interface files to standard output\n"
            "  --help          show this text\n";
 }
 
@@ -72,11 +75,13 @@ bool HostOptions::Parse(int argc, char* argv[]) {
             continue;
         }
         if (word == "--help" || word == "-h" || word == "--render" || word == "--window" ||
-            word == "--watch") {
+            word == "--watch" || word == "--lint" || word == "--schema") {
             Help = Help || word == "--help" || word == "-h";
             Render = Render || word == "--render";
             Window = Window || word == "--window";
             Watch = Watch || word == "--watch";
+            Lint = Lint || word == "--lint";
+            Schema = Schema || word == "--schema";
             continue;
         }
         static const char* const withValue[] = {"--size",  "--prefix", "--path",

@@ -3,7 +3,8 @@
 // with --size WxH, --prefix TAG, --path DIR, -e CMD, --script FILE,
 // --frames N, --trace FILE (or - for standard output), --module FILE, and
 // --render, --png FILE and --window, which paint the frames, and --watch,
-// which reloads the interface when its files change.
+// which reloads the interface when its files change, --lint, which only
+// checks the files, and --schema, which writes the files' XSD.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +31,9 @@ public:
     std::string Png;     // the last frame is written here
     bool Render = false; // paint frames even without --png or --window
     bool Window = false;
-    bool Watch = false; // reload the interface when one of its files changes
+    bool Watch = false;  // reload the interface when one of its files changes
+    bool Lint = false;   // check the files and report, running nothing
+    bool Schema = false; // write the schema of interface files and stop
     bool Help = false;
 
     // Frames are painted (real fonts, decoded textures) only when asked for,

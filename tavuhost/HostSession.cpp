@@ -1,6 +1,8 @@
 #include "HostSession.h"
 
 #include "HostText.h"
+#include "Linter.h"
+#include "SchemaWriter.h"
 #include "ManagerAccess.h"
 
 #include <cstdio>
@@ -244,7 +246,38 @@ bool HostSession::WritePng() {
     return false;
 }
 
+// The linter and the schema need the module only for its key registry:
+// nothing is entered, so no element is made and no script runs.
+const TAVUKeyRegistryTable* HostSession::LoadRegistry() {
+    std::string path = ModulePath();
+    if (!Module.Load(path.c_str())) {
+        fprintf(stderr, "tavuhost: %s\n", Module.Error());
+        return nullptr;
+    }
+    using RegistryFunction = const TAVUKeyRegistryTable* (*)();
+    auto registry = reinterpret_cast<RegistryFunction>(Module.Find("TavuKeyRegistry"));
+    if (!registry) fprintf(stderr, "tavuhost: this Tavukit module has no key registry\n");
+    return registry ? registry() : nullptr;
+}
+
+int HostSession::RunLint() {
+    const TAVUKeyRegistryTable* registry = LoadRegistry();
+    if (!registry) return 2;
+    Linter linter(*registry, Options.Paths, Options.Prefix, PrintLine);
+    return linter.Run(Options.Files) ? 1 : 0;
+}
+
+int HostSession::WriteSchema() {
+    const TAVUKeyRegistryTable* registry = LoadRegistry();
+    if (!registry) return 2;
+    std::string schema = SchemaWriter::Write(*registry, Options.Prefix);
+    fwrite(schema.data(), 1, schema.size(), stdout);
+    return 0;
+}
+
 int HostSession::Run() {
+    if (Options.Lint) return RunLint();
+    if (Options.Schema) return WriteSchema();
     if (!Options.Trace.empty() && !Trace.Open(Options.Trace)) {
         fprintf(stderr, "tavuhost: cannot write the trace file '%s'\n", Options.Trace.c_str());
         return 2;

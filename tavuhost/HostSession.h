@@ -19,6 +19,7 @@
 #include "OverlayPainter.h"
 #include "TavukitModule.h"
 #include "TraceWriter.h"
+#include "TAVUKeyRegistry.h"
 
 #include <memory>
 #include <string>
@@ -52,6 +53,9 @@ private:
     bool RunWindow();
     void ResumeScript(ScriptInstance*& script, uint32_t& resumeAt);
     bool WritePng();
+    const TAVUKeyRegistryTable* LoadRegistry();
+    int RunLint();
+    int WriteSchema();
     void ConnectTools();
     void PollFiles();
     std::string ModulePath() const;

@@ -10,6 +10,8 @@
 
 namespace {
 
+XMLKeyWatcher* g_KeyWatcher = nullptr;
+
 // The value element's text: the Name of its first child, whatever its type.
 const char* ContentOf(XMLNode* element) {
     return element->FirstChild ? element->FirstChild->Name : nullptr;
@@ -31,8 +33,13 @@ ElementPosition FractionPosition(float factor) {
 
 } // namespace
 
+void XMLHelper::SetKeyWatcher(XMLKeyWatcher* watcher) {
+    g_KeyWatcher = watcher;
+}
+
 XMLNode* XMLHelper::GetChild(XMLNode* node, const char* name) {
     if (!node) return nullptr;
+    if (g_KeyWatcher) g_KeyWatcher->OnKeyLookup(node, name);
     for (XMLNode* child = node->FirstChild; child; child = child->Next)
         if (child->Type == XMLNode::Element && StrEqualNoCase(child->Name, name)) return child;
     return nullptr;
@@ -56,6 +63,7 @@ const char* XMLHelper::GetText(XMLNode* node) {
 
 const char* XMLHelper::AttributeText(XMLNode* node, const char* name) {
     if (!node) return nullptr;
+    if (g_KeyWatcher) g_KeyWatcher->OnKeyLookup(node, name);
     XMLAttribute* attribute = node->FindAttribute(name);
     if (!attribute || !attribute->Value || !attribute->Value[0]) return nullptr;
     return attribute->Value;

@@ -14,8 +14,21 @@
 
 class XMLNode;
 
+// Told of each key a reader looks up on a node, found or not: the key
+// registry's check watches a reader at work through it.
+class TAVU_API XMLKeyWatcher {
+public:
+    virtual void OnKeyLookup(const XMLNode* node, const char* name) = 0;
+
+protected:
+    ~XMLKeyWatcher() = default;
+};
+
 class TAVU_API XMLHelper {
 public:
+    // One watcher at a time; null stops watching.
+    static void SetKeyWatcher(XMLKeyWatcher* watcher);
+
     // The first child element (type 1) of that name; null for a null node.
     static XMLNode* GetChild(XMLNode* node, const char* name);
     static XMLNode* GetFirstChild(XMLNode* node);
