@@ -2,6 +2,7 @@
 
 #include "HostText.h"
 #include "ManagerAccess.h"
+#include "NativePath.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -100,12 +101,12 @@ std::string HostSession::BesideProgram(const std::string& fileName) {
     char self[1024] = {0};
     GetModuleFileNameA(nullptr, self, sizeof(self));
     std::string folder = FolderOf(self);
-    std::string beside = folder + "/" + fileName;
+    std::string beside = JoinPath(folder, fileName);
     if (FILE* file = fopen(beside.c_str(), "rb")) {
         fclose(file);
         return beside;
     }
-    return folder + "/../lib/" + fileName;
+    return JoinPath(folder, "../lib/" + fileName);
 }
 
 // A bare name such as "colorswatch" is the module of that name in the build
