@@ -527,7 +527,7 @@ bool HeadlessHost::FindInterfaceFile(const char* name, char* output) {
 bool HeadlessHost::OpenClipboard() {
     Trace.Write("OpenClipboard", {});
 #if defined(_WIN32)
-    return ::OpenClipboard(nullptr) != 0;
+    return ::OpenClipboard(static_cast<HWND>(ClipboardOwner)) != 0;
 #else
     // Elsewhere the clipboard lives inside the module, which exports its opener.
     auto open = reinterpret_cast<int (*)()>(Module.Find("TavuOpenClipboard"));

@@ -200,7 +200,10 @@ bool HostSession::OpenWindow() {
     for (const std::string& file : Options.Files)
         title += " " + file;
     std::string error;
-    if (Window.Open(title, int(Options.Width), int(Options.Height), error)) return true;
+    if (Window.Open(title, int(Options.Width), int(Options.Height), error)) {
+        Host.SetClipboardOwner(Window.ClipboardOwner());
+        return true;
+    }
     fprintf(stderr, "tavuhost: %s\n", error.c_str());
     return false;
 }
