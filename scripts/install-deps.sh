@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
     cmake ninja-build g++ clang libclang-rt-14-dev googletest libbenchmark-dev
-    g++-mingw-w64-x86-64-posix wine64 wine
+    g++-mingw-w64-x86-64-posix wine64 wine fonts-wine
     libtinyxml2-dev libpugixml-dev libexpat1-dev
     libcegui-mk2-dev libcegui-mk2-data fonts-cegui
     libfreetype-dev libfontconfig-dev fonts-dejavu-core libsdl2-dev libstb-dev pkgconf

@@ -9,3 +9,11 @@ if [ ! -f "$WINEPREFIX/system.reg" ]; then
     wineboot -i >/dev/null 2>&1 || true
     wineserver -w 2>/dev/null || true
 fi
+# Wine's own faces (Tahoma, Courier, ... from Debian's fonts-wine) where its
+# programs look for fonts, so that text is drawn in them rather than in
+# whatever the system's font configuration offers.
+for font in /usr/share/wine/fonts/*.ttf; do
+    if [ -f "$font" ] && [ ! -e "$WINEPREFIX/drive_c/windows/Fonts/${font##*/}" ]; then
+        cp "$font" "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null || true
+    fi
+done

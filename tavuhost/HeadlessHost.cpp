@@ -4,6 +4,7 @@
 #include "HostText.h"
 #include "ImageSize.h"
 #include "KeyNames.h"
+#include "NativePath.h"
 #include "ScriptEngine.h"
 #include "SoftwareRenderer.h"
 #include "TraceWriter.h"
@@ -39,15 +40,6 @@ bool Readable(const std::string& path) {
     if (!file) return false;
     fclose(file);
     return true;
-}
-
-// Interface files written on Windows name subfolders with backslashes.
-std::string NativePath(std::string path) {
-#if !defined(_WIN32)
-    for (char& c : path)
-        if (c == '\\') c = '/';
-#endif
-    return path;
 }
 
 } // namespace
@@ -511,7 +503,7 @@ bool HeadlessHost::FindFile(const char* name, char* output, size_t size, bool is
     std::vector<std::string> candidates;
     if (!IsAbsolute(wanted))
         for (const std::string& folder : SearchFolders)
-            candidates.push_back(folder + "/" + wanted);
+            candidates.push_back(JoinPath(folder, wanted));
     candidates.push_back(wanted);
     for (const std::string& candidate : candidates)
         if (candidate.size() < size && Readable(candidate)) {
@@ -535,7 +527,7 @@ bool HeadlessHost::FindInterfaceFile(const char* name, char* output) {
 bool HeadlessHost::OpenClipboard() {
     Trace.Write("OpenClipboard", {});
 #if defined(_WIN32)
-    return ::OpenClipboard(nullptr) != 0;
+    return ::OpenClipboard(static_cast<HWND>(ClipboardOwner)) != 0;
 #else
     // Elsewhere the clipboard lives inside the module, which exports its opener.
     auto open = reinterpret_cast<int (*)()>(Module.Find("TavuOpenClipboard"));

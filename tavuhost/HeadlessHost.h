@@ -40,6 +40,9 @@ public:
     const uint64_t& DisplayHeight() const { return Height; }
     // From now on frames are painted by the renderer (null: no longer).
     void AttachRenderer(SoftwareRenderer* renderer);
+    // The window that owns what the toolkit copies to the system's clipboard:
+    // Windows refuses clipboard data from a clipboard opened by no window.
+    void SetClipboardOwner(void* window) { ClipboardOwner = window; }
     // Writes the last whole frame as a PNG; false, with the reason, without a renderer.
     bool WritePicture(const std::string& path, std::string& error);
     // Interface and texture files are looked for in these folders, in order.
@@ -184,6 +187,7 @@ private:
     bool Rendering = false;
     SoftwareRenderer* Renderer = nullptr;
     FileListener FileFound;
+    void* ClipboardOwner = nullptr;
     EventListener EventStarted;
     FramePainter PaintOver;
     HostInput* InputRoute = nullptr;

@@ -4,6 +4,7 @@
 #include "Linter.h"
 #include "SchemaWriter.h"
 #include "ManagerAccess.h"
+#include "NativePath.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -102,12 +103,12 @@ std::string HostSession::BesideProgram(const std::string& fileName) {
     char self[1024] = {0};
     GetModuleFileNameA(nullptr, self, sizeof(self));
     std::string folder = FolderOf(self);
-    std::string beside = folder + "/" + fileName;
+    std::string beside = JoinPath(folder, fileName);
     if (FILE* file = fopen(beside.c_str(), "rb")) {
         fclose(file);
         return beside;
     }
-    return folder + "/../lib/" + fileName;
+    return JoinPath(folder, "../lib/" + fileName);
 }
 
 // A bare name such as "colorswatch" is the module of that name in the build
@@ -201,7 +202,10 @@ bool HostSession::OpenWindow() {
     for (const std::string& file : Options.Files)
         title += " " + file;
     std::string error;
-    if (Window.Open(title, int(Options.Width), int(Options.Height), error)) return true;
+    if (Window.Open(title, int(Options.Width), int(Options.Height), error)) {
+        Host.SetClipboardOwner(Window.ClipboardOwner());
+        return true;
+    }
     fprintf(stderr, "tavuhost: %s\n", error.c_str());
     return false;
 }

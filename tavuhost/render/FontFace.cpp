@@ -2,6 +2,17 @@
 
 #include "Platform.h"
 
+#include <algorithm>
+
+namespace {
+const int DefaultHeight = 12;
+const int MaxHeight = 512;
+} // namespace
+
+int FontLibrary::PixelHeight(int requested) {
+    return requested <= 0 ? DefaultHeight : std::min(requested, MaxHeight);
+}
+
 const Glyph& FontFace::GlyphOf(unsigned char byte) {
     std::unique_ptr<Glyph>& glyph = Glyphs[byte];
     if (!glyph) {

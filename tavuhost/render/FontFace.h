@@ -53,4 +53,9 @@ public:
     // The library of this build; null when it was built without one, and then
     // text is measured but not drawn.
     static std::unique_ptr<FontLibrary> Create();
+
+protected:
+    // The pixel height to open: 0 or less is the toolkit's usual height, and
+    // absurd heights are cut.
+    static int PixelHeight(int requested);
 };

@@ -5,14 +5,9 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
-#include <algorithm>
 #include <cstring>
 
 namespace {
-
-// A font of height 0 has the toolkit's usual height; absurd heights are cut.
-const int DefaultHeight = 12;
-const int MaxHeight = 512;
 
 class FreeTypeFace final : public FontFace {
 public:
@@ -64,8 +59,7 @@ public:
             return nullptr;
         FT_Face face = nullptr;
         if (FT_New_Face(Library, file.c_str(), index, &face)) return nullptr;
-        int pixels = height <= 0 ? DefaultHeight : std::min(height, MaxHeight);
-        if (FT_Set_Pixel_Sizes(face, 0, FT_UInt(pixels))) {
+        if (FT_Set_Pixel_Sizes(face, 0, FT_UInt(PixelHeight(height)))) {
             FT_Done_Face(face);
             return nullptr;
         }

@@ -18,6 +18,10 @@ bool PreviewWindow::Pump(HostInput&) {
 
 void PreviewWindow::Present(const FrameBuffer&) {}
 
+void* PreviewWindow::ClipboardOwner() const {
+    return nullptr;
+}
+
 uint32_t PreviewWindow::Now() const {
     return 0;
 }

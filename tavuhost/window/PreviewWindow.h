@@ -1,6 +1,6 @@
 // The window of tavuhost --window: it shows each frame and hands what the
-// user does in it to the host. Builds without SDL2 have no window: Open then
-// says so.
+// user does in it to the host: through Win32 on Windows, elsewhere through
+// SDL2. Builds without SDL2 have no window: Open then says so.
 #pragma once
 
 #include "FrameBuffer.h"
@@ -25,6 +25,9 @@ public:
     bool Pump(HostInput& input);
     // Shows a frame; the window's size is the frame's.
     void Present(const FrameBuffer& frame);
+    // The system's handle of the window, which owns what the toolkit puts on
+    // the clipboard; null where the clipboard is the module's own.
+    void* ClipboardOwner() const;
     // Milliseconds of the real clock, and a pause until a frame is due.
     uint32_t Now() const;
     void Sleep(uint32_t milliseconds) const;

@@ -138,6 +138,10 @@ void PreviewWindow::Present(const FrameBuffer& frame) {
     SDL_RenderPresent(Window->Renderer);
 }
 
+void* PreviewWindow::ClipboardOwner() const {
+    return nullptr;
+}
+
 uint32_t PreviewWindow::Now() const {
     return SDL_GetTicks();
 }

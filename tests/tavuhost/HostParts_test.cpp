@@ -2,6 +2,7 @@
 #include "HostOptions.h"
 #include "ImageSize.h"
 #include "KeyNames.h"
+#include "NativePath.h"
 #include "ScriptEngine.h"
 #include "SoftwareRenderer.h"
 #include "TraceWriter.h"
@@ -200,7 +201,7 @@ TEST_F(HeadlessHostTest, TexturesReportTheSizeOfTheirImage) {
 TEST_F(HeadlessHostTest, FilesAreFoundInTheSearchFoldersWithinTheCallersBuffer) {
     char path[TAVU_INTERFACE_PATH_BUFFER];
     ASSERT_TRUE(Host.FindInterfaceFile("flow.tss", path));
-    EXPECT_EQ(DataFolder + "/flow.tss", path);
+    EXPECT_EQ(NativePath(DataFolder + "/flow.tss"), path) << "joined by the platform's separator";
     ASSERT_TRUE(Host.FindTextureFile("textures\\red3x2.png", path));
     EXPECT_FALSE(Host.FindInterfaceFile("nothing-here.xml", path));
     EXPECT_FALSE(Host.FindInterfaceFile("", path));

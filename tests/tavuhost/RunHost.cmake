@@ -2,6 +2,9 @@
 # and its last frame with a golden picture when the case has one.
 # -DHOST=path -DEMULATOR=runner (may be empty) -DCASE=path/NAME.args
 # -DIMAGEDIFF=path of the picture comparer -DPICTURES=folder for the pictures
+# -DPLATFORM=windows or linux: a case may keep NAME.PLATFORM.out (paths in the
+# toolkit's messages use the platform's separator) or NAME.PLATFORM.png (text
+# is drawn in the platform's own fonts) beside the shared NAME.out and NAME.png
 
 get_filename_component(folder "${CASE}" DIRECTORY)
 get_filename_component(name "${CASE}" NAME_WE)
@@ -21,8 +24,14 @@ if(EXISTS "${base}.scratch")
         file(COPY "${folder}/${copy}" DESTINATION "${working}")
     endforeach()
 endif()
+foreach(kind out png)
+    set(${kind} "${base}.${kind}")
+    if(EXISTS "${base}.${PLATFORM}.${kind}")
+        set(${kind} "${base}.${PLATFORM}.${kind}")
+    endif()
+endforeach()
 set(picture "${PICTURES}/${name}.png")
-if(EXISTS "${base}.png")
+if(EXISTS "${png}")
     file(REMOVE "${picture}")
     list(APPEND arguments --png "${picture}")
 endif()
@@ -39,15 +48,15 @@ if(NOT status EQUAL expected_status)
     message(FATAL_ERROR "tavuhost ${arguments}: exit ${status} (expected ${expected_status})\n"
                         "output:\n${output}\nerrors:\n${errors}")
 endif()
-if(EXISTS "${base}.out")
-    file(READ "${base}.out" expected)
+if(EXISTS "${out}")
+    file(READ "${out}" expected)
     if(NOT output STREQUAL expected)
         message(FATAL_ERROR "tavuhost ${arguments}: standard output differs\n"
                             "output:\n${output}\nexpected:\n${expected}\nerrors:\n${errors}")
     endif()
 endif()
-if(EXISTS "${base}.png")
-    execute_process(COMMAND ${EMULATOR} ${IMAGEDIFF} "${base}.png" "${picture}"
+if(EXISTS "${png}")
+    execute_process(COMMAND ${EMULATOR} ${IMAGEDIFF} "${png}" "${picture}"
                     ERROR_VARIABLE difference RESULT_VARIABLE status)
     if(NOT status EQUAL 0)
         message(FATAL_ERROR "tavuhost ${arguments}: the picture differs\n${difference}")
