@@ -22,38 +22,59 @@ inline __m128i OverLanes(__m128i destination, __m128i source) {
     return _mm_add_epi16(ScaleLanes(opaque, alpha), ScaleLanes(destination, keep));
 }
 
+// Four colours tinted and painted over four pixels of a row. Four opaque
+// pixels replace, four clear ones leave the row alone: most of a picture is
+// one or the other, and most of a glyph's box is clear. Without a tint
+// (white scales nothing) the colours are taken as they are.
+template <bool Tinted>
+inline void BlendFour(uint32_t* row, const uint32_t* colors, __m128i tintLanes) {
+    const __m128i zero = _mm_setzero_si128(), opaque = _mm_set1_epi8(char(0xFF));
+    __m128i source = _mm_loadu_si128(reinterpret_cast<const __m128i*>(colors));
+    if (Tinted)
+        source = _mm_packus_epi16(ScaleLanes(_mm_unpacklo_epi8(source, zero), tintLanes),
+                                  ScaleLanes(_mm_unpackhi_epi8(source, zero), tintLanes));
+    if ((_mm_movemask_epi8(_mm_cmpeq_epi8(source, opaque)) & 0x8888) == 0x8888) {
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(row), source);
+        return;
+    }
+    if ((_mm_movemask_epi8(_mm_cmpeq_epi8(source, zero)) & 0x8888) == 0x8888) return;
+    __m128i destination = _mm_loadu_si128(reinterpret_cast<const __m128i*>(row));
+    __m128i low = OverLanes(_mm_unpacklo_epi8(destination, zero), _mm_unpacklo_epi8(source, zero));
+    __m128i high = OverLanes(_mm_unpackhi_epi8(destination, zero), _mm_unpackhi_epi8(source, zero));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(row), _mm_packus_epi16(low, high));
+}
+
+template <bool Tinted>
+void BlendRowOf(uint32_t* row, const uint32_t* colors, size_t count, __m128i tintLanes) {
+    size_t i = 0;
+    for (; i + 4 <= count; i += 4)
+        BlendFour<Tinted>(row + i, colors + i, tintLanes);
+    if (i == count) return;
+    // The last few go through the same four-pixel sums, padded with clear
+    // colours that leave the padding alone.
+    uint32_t rowTail[4] = {0, 0, 0, 0}, colorTail[4] = {0, 0, 0, 0};
+    std::copy(row + i, row + count, rowTail);
+    std::copy(colors + i, colors + count, colorTail);
+    BlendFour<Tinted>(rowTail, colorTail, tintLanes);
+    std::copy(rowTail, rowTail + (count - i), row + i);
+}
+
 } // namespace
 #endif
 
 namespace Pixel {
 
 void BlendRow(uint32_t* row, const uint32_t* colors, size_t count, uint32_t tint) {
-    size_t i = 0;
 #if defined(__SSE2__)
-    const __m128i zero = _mm_setzero_si128();
-    const __m128i tintLanes = _mm_unpacklo_epi8(_mm_set1_epi32(int(tint)), zero);
-    const __m128i opaque = _mm_set1_epi8(char(0xFF));
-    for (; i + 4 <= count; i += 4) {
-        __m128i color = _mm_loadu_si128(reinterpret_cast<const __m128i*>(colors + i));
-        __m128i lowSource = ScaleLanes(_mm_unpacklo_epi8(color, zero), tintLanes);
-        __m128i highSource = ScaleLanes(_mm_unpackhi_epi8(color, zero), tintLanes);
-        __m128i source = _mm_packus_epi16(lowSource, highSource);
-        // Four opaque pixels replace, four clear ones leave the row alone:
-        // most of a picture is one or the other, and most of a glyph's box clear.
-        int alphas = _mm_movemask_epi8(_mm_cmpeq_epi8(source, opaque)) & 0x8888;
-        if (alphas == 0x8888) {
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(row + i), source);
-            continue;
-        }
-        if ((_mm_movemask_epi8(_mm_cmpeq_epi8(source, zero)) & 0x8888) == 0x8888) continue;
-        __m128i destination = _mm_loadu_si128(reinterpret_cast<const __m128i*>(row + i));
-        __m128i low = OverLanes(_mm_unpacklo_epi8(destination, zero), lowSource);
-        __m128i high = OverLanes(_mm_unpackhi_epi8(destination, zero), highSource);
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(row + i), _mm_packus_epi16(low, high));
-    }
-#endif
-    for (; i < count; ++i)
+    const __m128i tintLanes = _mm_unpacklo_epi8(_mm_set1_epi32(int(tint)), _mm_setzero_si128());
+    if (tint == 0xFFFFFFFFu)
+        BlendRowOf<false>(row, colors, count, tintLanes);
+    else
+        BlendRowOf<true>(row, colors, count, tintLanes);
+#else
+    for (size_t i = 0; i < count; ++i)
         row[i] = Over(row[i], Modulate(colors[i], tint));
+#endif
 }
 
 uint32_t WithAlpha(uint32_t argb, uint32_t alpha) {
