@@ -102,3 +102,15 @@ void FrameBuffer::BlendSpan(int y, int x0, int x1, uint32_t color) {
     for (int x = x0; x < x1; ++x)
         row[x] = Pixel::Over(row[x], color);
 }
+
+void FrameBuffer::Prefetch(int y, int x0, int x1) const {
+#if defined(__GNUC__)
+    if (y >= FrameHeight) return;
+    const uint32_t* row = Data.data() + size_t(y) * size_t(FrameWidth);
+    for (int x = x0; x < x1; x += 16) // one cache line of 64 bytes
+        __builtin_prefetch(row + x, 1);
+    __builtin_prefetch(row + x1 - 1, 1);
+#else
+    (void)y, (void)x0, (void)x1;
+#endif
+}

@@ -72,6 +72,10 @@ public:
     uint32_t* Row(int y) { return Data.data() + size_t(y) * size_t(FrameWidth); }
     // The same for a span of one row, x0 to x1 (x1 excluded), already inside the frame.
     void BlendSpan(int y, int x0, int x1, uint32_t color);
+    // Asks the processor to fetch a span of a row that is about to be
+    // blended: rows of a frame are far apart in memory, and a narrow span of
+    // each is too short for the processor to foresee.
+    void Prefetch(int y, int x0, int x1) const;
 
 private:
     int FrameWidth = 1;

@@ -284,6 +284,7 @@ void SoftwareRenderer::PaintPicture(const Sampler& sampler, bool sideways, const
             for (size_t i = 0; i < count; ++i)
                 Line[i] = source[ColumnOffset[i]];
         }
+        Picture.Prefetch(int(area.top) + int(j) + 2, int(area.left), int(area.right));
         Pixel::BlendRow(Picture.Row(int(area.top) + int(j)) + area.left, Line.data(), count,
                         sampler.Tint);
     }
