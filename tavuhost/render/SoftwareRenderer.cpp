@@ -182,12 +182,18 @@ void SoftwareRenderer::DrawGlyph(const Glyph& glyph, int64_t penX, int64_t basel
                                  const tagRECT& clip) {
     int64_t left = penX + glyph.Left, top = baseline - glyph.Top;
     tagRECT area = Intersect(Grown(left, top, left + glyph.Width, top + glyph.Height, 0), clip);
-    uint32_t alpha = Pixel::AlphaOf(color);
+    if (IsEmpty(area)) return;
+    // The coverage becomes the alpha of the colour, which the tint then
+    // scales by the colour's own alpha; no coverage leaves a pixel as it was.
+    uint32_t rgb = color & 0x00FFFFFFu, tint = 0x00FFFFFFu | Pixel::AlphaOf(color) << 24;
+    size_t columns = size_t(area.right - area.left);
+    Line.resize(columns);
     for (LONG y = area.top; y < area.bottom; ++y) {
-        const uint8_t* row = glyph.Coverage.data() + size_t(y - top) * size_t(glyph.Width);
-        for (LONG x = area.left; x < area.right; ++x)
-            if (uint8_t coverage = row[x - left])
-                Picture.Blend(int(x), int(y), WithAlphaByte(color, Pixel::Scale(coverage, alpha)));
+        const uint8_t* coverage = glyph.Coverage.data() + size_t(y - top) * size_t(glyph.Width) +
+                                  size_t(area.left - left);
+        for (size_t x = 0; x < columns; ++x)
+            Line[x] = rgb | uint32_t(coverage[x]) << 24;
+        Pixel::BlendRow(Picture.Row(int(y)) + area.left, Line.data(), columns, tint);
     }
 }
 
@@ -230,32 +236,69 @@ void SoftwareRenderer::TexturedRect(const TAVUDrawRecord& record) {
     tagRECT rect{record.Left, record.Top, record.Right, record.Bottom};
     tagRECT area = ClipToFrame(rect, Picture);
     if (IsEmpty(area) || Pixel::AlphaOf(sampler.Tint) == 0) return;
+    if (!sampler.Picture && !sampler.Triangle) {
+        for (LONG y = area.top; y < area.bottom; ++y)
+            Picture.BlendSpan(int(y), int(area.left), int(area.right), sampler.Tint);
+        return;
+    }
     // Under any turn, a destination column decides one source axis and a row
     // the other, so the source of every pixel comes from two small tables.
     bool sideways = record.Orientation & 1;
-    std::vector<float> columnAt(size_t(area.right - area.left)),
-        rowAt(size_t(area.bottom - area.top));
-    std::vector<int> columnSource(columnAt.size()), rowSource(rowAt.size());
+    ColumnAt.resize(size_t(area.right - area.left));
+    RowAt.resize(size_t(area.bottom - area.top));
+    ColumnSource.resize(ColumnAt.size());
+    RowSource.resize(RowAt.size());
     float width = float(Span(rect.left, rect.right)), height = float(Span(rect.top, rect.bottom));
-    for (size_t i = 0; i < columnAt.size(); ++i) {
+    for (size_t i = 0; i < ColumnAt.size(); ++i) {
         float u = (float(Span(rect.left, area.left)) + float(i) + 0.5f) / width, s = 0, t = 0;
         Turn(record.Orientation, u, 0.5f, s, t);
-        columnAt[i] = sideways ? t : s;
-        columnSource[i] = sideways ? sampler.SourceY(t) : sampler.SourceX(s);
+        ColumnAt[i] = sideways ? t : s;
+        ColumnSource[i] = sideways ? sampler.SourceY(t) : sampler.SourceX(s);
     }
-    for (size_t j = 0; j < rowAt.size(); ++j) {
+    for (size_t j = 0; j < RowAt.size(); ++j) {
         float v = (float(Span(rect.top, area.top)) + float(j) + 0.5f) / height, s = 0, t = 0;
         Turn(record.Orientation, 0.5f, v, s, t);
-        rowAt[j] = sideways ? s : t;
-        rowSource[j] = sideways ? sampler.SourceX(s) : sampler.SourceY(t);
+        RowAt[j] = sideways ? s : t;
+        RowSource[j] = sideways ? sampler.SourceX(s) : sampler.SourceY(t);
     }
-    for (size_t j = 0; j < rowAt.size(); ++j) {
+    if (sampler.Triangle)
+        PaintTriangle(sampler, sideways, area);
+    else
+        PaintPicture(sampler, sideways, area);
+}
+
+// Every pixel of the rectangle from the picture: the tables become offsets
+// into the picture's pixels, a row's texels are gathered into a line (once
+// for rows that read the same source row) and the line is blended in one go.
+void SoftwareRenderer::PaintPicture(const Sampler& sampler, bool sideways, const tagRECT& area) {
+    size_t stride = size_t(sampler.Picture->Width), count = ColumnSource.size();
+    ColumnOffset.resize(count);
+    for (size_t i = 0; i < count; ++i)
+        ColumnOffset[i] = size_t(ColumnSource[i]) * (sideways ? stride : 1);
+    Line.resize(count);
+    const uint32_t* texels = sampler.Picture->Pixels.data();
+    for (size_t j = 0; j < RowSource.size(); ++j) {
+        if (j == 0 || RowSource[j] != RowSource[j - 1]) {
+            const uint32_t* source =
+                texels + size_t(RowSource[j]) * (sideways ? size_t(1) : stride);
+            for (size_t i = 0; i < count; ++i)
+                Line[i] = source[ColumnOffset[i]];
+        }
+        Picture.Prefetch(int(area.top) + int(j) + 2, int(area.left), int(area.right));
+        Pixel::BlendRow(Picture.Row(int(area.top) + int(j)) + area.left, Line.data(), count,
+                        sampler.Tint);
+    }
+}
+
+// Only the pixels inside the triangle, decided from their source fractions.
+void SoftwareRenderer::PaintTriangle(const Sampler& sampler, bool sideways, const tagRECT& area) {
+    for (size_t j = 0; j < RowAt.size(); ++j) {
         uint32_t* row = Picture.Row(int(area.top) + int(j)) + area.left;
-        for (size_t i = 0; i < columnAt.size(); ++i) {
-            float s = sideways ? rowAt[j] : columnAt[i], t = sideways ? columnAt[i] : rowAt[j];
+        for (size_t i = 0; i < ColumnAt.size(); ++i) {
+            float s = sideways ? RowAt[j] : ColumnAt[i], t = sideways ? ColumnAt[i] : RowAt[j];
             if (!sampler.Inside(s, t)) continue;
-            uint32_t color = sideways ? sampler.Texel(rowSource[j], columnSource[i])
-                                      : sampler.Texel(columnSource[i], rowSource[j]);
+            uint32_t color = sideways ? sampler.Texel(RowSource[j], ColumnSource[i])
+                                      : sampler.Texel(ColumnSource[i], RowSource[j]);
             row[i] = Pixel::Over(row[i], color);
         }
     }

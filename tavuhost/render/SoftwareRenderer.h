@@ -32,6 +32,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 class SoftwareRenderer {
 public:
@@ -80,10 +81,18 @@ private:
     Sampler SamplerFor(const TAVUDrawRecord& record) const;
     void DrawGlyph(const Glyph& glyph, int64_t penX, int64_t baseline, uint32_t color,
                    const tagRECT& clip);
+    void PaintPicture(const Sampler& sampler, bool sideways, const tagRECT& area);
+    void PaintTriangle(const Sampler& sampler, bool sideways, const tagRECT& area);
 
     FrameBuffer Picture;
     std::map<unsigned, Texture> Textures;
     // The library is declared first, so that its faces are closed before it.
     std::unique_ptr<FontLibrary> Fonts;
     std::map<unsigned, std::unique_ptr<FontFace>> FontFaces;
+    // Where each column and row of a textured rectangle finds its source, kept
+    // between draws so that a frame of rectangles allocates nothing.
+    std::vector<float> ColumnAt, RowAt;
+    std::vector<int> ColumnSource, RowSource;
+    std::vector<size_t> ColumnOffset;
+    std::vector<uint32_t> Line; // the colours of one row, before they are blended
 };
