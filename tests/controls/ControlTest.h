@@ -16,6 +16,23 @@
 #include <utility>
 #include <vector>
 
+// Presses and releases keys through the manager, as a host delivers them, so
+// that typing reads its key state. Each byte of keys is a key: a byte found
+// in names stands for the code at its place in codes; + - hold and let go of
+// Shift, ^ _ of Control; any other byte is its own code (capitals, digits,
+// the blank).
+inline void PressKeys(const char* keys, const std::string& names, const unsigned* codes) {
+    for (const char* c = keys; *c; ++c) {
+        if (*c == '+' || *c == '^') g_UIManager.OnKeyDown(*c == '+' ? 16 : 17);
+        if (*c == '-' || *c == '_') g_UIManager.OnKeyUp(*c == '-' ? 16 : 17);
+        if (strchr("+-^_", *c)) continue;
+        size_t named = names.find(*c);
+        unsigned code = named == std::string::npos ? unsigned(*c) : codes[named];
+        g_UIManager.OnKeyDown(code);
+        g_UIManager.OnKeyUp(code);
+    }
+}
+
 // A parent that keeps every notification (code and value) that reaches it and
 // can act on one, as composite controls do.
 class NotifiedParent : public TAVUElement {

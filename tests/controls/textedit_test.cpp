@@ -19,20 +19,11 @@ const char kEdit[] = "<textedit><Width>216</Width><Height>100</Height>"
                      "<CaretInnerColor>FF00FF00</CaretInnerColor>"
                      "<VerticalScrollBar>EditBar</VerticalScrollBar></textedit>";
 
-// Presses keys through the manager. Capitals, digits and blanks type; lower
-// case letters are editing keys; + - hold and let go of Shift, ^ _ Control.
+// The editor's keys: lower case letters stand for its editing keys (see PressKeys).
 void Press(const char* keys) {
-    const std::string names = "lruwhebdintxpgacv";
-    const unsigned codes[] = {37, 39, 38, 40, 36, 35, 8, 46, 45, 13, 9, 27, 33, 34, 65, 67, 86};
-    for (const char* c = keys; *c; ++c) {
-        if (*c == '+' || *c == '^') g_UIManager.OnKeyDown(*c == '+' ? 16 : 17);
-        if (*c == '-' || *c == '_') g_UIManager.OnKeyUp(*c == '-' ? 16 : 17);
-        if (strchr("+-^_", *c)) continue;
-        size_t named = names.find(*c);
-        unsigned code = named == std::string::npos ? unsigned(*c) : codes[named];
-        g_UIManager.OnKeyDown(code);
-        g_UIManager.OnKeyUp(code);
-    }
+    static const unsigned codes[] = {37, 39, 38, 40, 36, 35, 8,  46, 45,
+                                     13, 9,  27, 33, 34, 65, 67, 86};
+    PressKeys(keys, "lruwhebdintxpgacv", codes);
 }
 
 std::string Text(const TAVUTextEdit* edit) {

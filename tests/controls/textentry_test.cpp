@@ -15,22 +15,10 @@ void PutOnClipboard(const std::string& text) {
     CloseClipboard();
 }
 
-// Presses and releases keys through the manager, as a host delivers them, so
-// that typing reads its key state. Capitals and digits are their own keys;
-// lower case letters stand for editing keys, and + - ^ _ hold and let go of
-// Shift and Control.
+// The entry's keys: lower case letters stand for its editing keys (see PressKeys).
 void Keys(const char* keys) {
-    const std::string names = "lrhebditnxs#";
-    const unsigned codes[] = {37, 39, 36, 35, 8, 46, 45, 9, 13, 27, 108, 300};
-    for (const char* c = keys; *c; ++c) {
-        if (*c == '+' || *c == '^') g_UIManager.OnKeyDown(*c == '+' ? 16 : 17);
-        if (*c == '-' || *c == '_') g_UIManager.OnKeyUp(*c == '-' ? 16 : 17);
-        if (strchr("+-^_", *c)) continue;
-        size_t named = names.find(*c);
-        unsigned code = named == std::string::npos ? unsigned(*c) : codes[named];
-        g_UIManager.OnKeyDown(code);
-        g_UIManager.OnKeyUp(code);
-    }
+    static const unsigned codes[] = {37, 39, 36, 35, 8, 46, 45, 9, 13, 27, 108, 300};
+    PressKeys(keys, "lrhebditnxs#", codes);
 }
 
 class TextEntryTest : public ControlTest {
