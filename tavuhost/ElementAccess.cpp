@@ -64,16 +64,15 @@ const typename Map::mapped_type* FindNoCase(const Map& map, const char* key) {
     return nullptr;
 }
 
-std::string TemplateOfType(CUIManager* manager, const char* type) {
-    if (!manager || !type) return "";
-    TAVUSkin* skin = manager->CurrentSkin;
-    if (skin)
-        if (char* const* mapped = FindNoCase(skin->Templates, type); mapped && *mapped)
-            return *mapped;
-    return FindNoCase(manager->Templates, type) ? type : "";
-}
-
 } // namespace
+
+std::string ElementAccess::SkinnedTemplate(CUIManager* manager, const std::string& name) {
+    TAVUSkin* skin = manager ? manager->CurrentSkin : nullptr;
+    if (skin)
+        if (char* const* mapped = FindNoCase(skin->Templates, name.c_str()); mapped && *mapped)
+            return *mapped;
+    return name;
+}
 
 ElementFacts ElementAccess::Facts(CUIManager* manager, TAVUElement* element) {
     ElementFacts facts;
@@ -92,7 +91,6 @@ ElementFacts ElementAccess::Facts(CUIManager* manager, TAVUElement* element) {
         facts.Visible = facts.Visible && step->Visible;
     facts.Focused = manager && manager->FocusElementID == element->ID;
     facts.MouseOver = manager && manager->MouseOverElementID == element->ID;
-    facts.TypeTemplate = TemplateOfType(manager, element->Type);
     facts.Skin = manager && manager->CurrentSkin && manager->CurrentSkin->Name
                      ? manager->CurrentSkin->Name
                      : "";

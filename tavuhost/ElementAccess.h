@@ -22,11 +22,7 @@ struct ElementFacts {
     bool Visible = false; // its own flag and every ancestor's
     bool Focused = false;
     bool MouseOver = false;
-    // The toolkit does not keep the template an element was made from, nor
-    // its Template attribute: these are what its type word finds now, through
-    // the current skin's mapping first, and the current skin's name.
-    std::string TypeTemplate;
-    std::string Skin;
+    std::string Skin; // the current skin's name
 };
 
 struct StoredPosition {
@@ -53,6 +49,9 @@ public:
     // A live element by its ID; null when it is gone.
     static TAVUElement* ByID(CUIManager* manager, unsigned id);
     static ElementFacts Facts(CUIManager* manager, TAVUElement* element);
+    // The template that the current skin puts in place of the named one; the
+    // name itself when there is no skin or it has no entry for the name.
+    static std::string SkinnedTemplate(CUIManager* manager, const std::string& name);
     // The name of the element's event whose script is this atom; "" when none is.
     static std::string EventOfAtom(TAVUElement* element, unsigned atom);
 };

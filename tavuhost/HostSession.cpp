@@ -35,7 +35,8 @@ void PrintLine(const std::string& line) {
 HostSession::HostSession(const HostOptions& options)
     : Options(options), Host(Engine, Trace, Module),
       Objects(Engine, Host.DisplayWidth(), Host.DisplayHeight()),
-      Consoles(Engine, Host.CurrentConsole()), TextEdits(Engine), Inspect(Module, Engine, Host) {
+      Consoles(Engine, Host.CurrentConsole()), TextEdits(Engine),
+      Inspect(Module, Engine, Host, options.Prefix) {
     Engine.SetConsole([this](const std::string& line) {
         PrintLine(line);
         Consoles.Route(line);
@@ -66,11 +67,11 @@ void HostSession::ConnectTools() {
     Host.SetEventListener(
         [this](TAVUElement* element, unsigned atom) { Inspect.EventStarted(element, atom); });
     if (Options.Window) Inspect.Arm();
-    if (Options.Watch) {
-        Live = std::make_unique<LiveReload>(Module, Engine, Options.Files);
-        Host.SetFileListener(
-            [this](const std::string& path, bool isInterface) { Live->Watch(path, isInterface); });
-    }
+    if (Options.Watch) Live = std::make_unique<LiveReload>(Module, Engine, Options.Files);
+    Host.SetFileListener([this](const std::string& path, bool isInterface) {
+        if (isInterface) Inspect.InterfaceLoaded(path);
+        if (Live) Live->Watch(path, isInterface);
+    });
     Host.SetFramePainter([this] {
         if (!Painter) return;
         if (Live) Live->Paint(*Painter);

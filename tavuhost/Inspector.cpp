@@ -63,8 +63,9 @@ void PrintLines(const std::vector<std::string>& lines) {
 
 } // namespace
 
-Inspector::Inspector(TavukitModule& module, ScriptEngine& engine, HostInput& host)
-    : Module(module), Engine(engine), Host(host) {
+Inspector::Inspector(TavukitModule& module, ScriptEngine& engine, HostInput& host,
+                     const std::string& prefix)
+    : Module(module), Engine(engine), Host(host), Sources(prefix) {
     Engine.AddCommand("inspector",
                       [this](int argc, char* argv[]) { return InspectorCommand(argc, argv); });
     Engine.AddCommand("inspect",
@@ -120,8 +121,7 @@ std::vector<std::string> Inspector::Describe(TAVUElement* element) {
     lines.push_back("  visible " + YesNo(facts.Visible) + "  shown " + YesNo(facts.Shown) +
                     "  focused " + YesNo(facts.Focused) + "  under the mouse " +
                     YesNo(facts.MouseOver));
-    lines.push_back("  template by type " + Or(facts.TypeTemplate, "none") + "  skin " +
-                    Or(facts.Skin, "none"));
+    lines.push_back("  skin " + Or(facts.Skin, "none"));
     std::string ancestors;
     TAVUElement* screen = ElementAccess::Screen(Manager());
     for (TAVUElement* up = ElementAccess::Parent(element); up && up != screen;
@@ -135,6 +135,14 @@ std::vector<std::string> Inspector::Describe(TAVUElement* element) {
         children +=
             (children.empty() ? "" : ", ") + NameAndType(ElementAccess::Facts(Manager(), child));
     lines.push_back("  children: " + Or(children, "none"));
+    using RegistryFunction = const TAVUKeyRegistryTable* (*)();
+    auto registry = reinterpret_cast<RegistryFunction>(Module.Find("TavuKeyRegistry"));
+    std::vector<std::string> source =
+        Sources.Describe(registry ? registry() : nullptr, facts.FullName, facts.Type,
+                         [this](const std::string& name) {
+                             return ElementAccess::SkinnedTemplate(Manager(), name);
+                         });
+    lines.insert(lines.end(), source.begin(), source.end());
     return lines;
 }
 
@@ -263,8 +271,16 @@ void Inspector::PaintInfo(OverlayPainter& painter) {
         ElementFacts facts = ElementAccess::Facts(Manager(), selected);
         painter.Outline(facts.X, facts.Y, facts.Width, facts.Height, SelectedColor, 2);
         std::vector<std::string> lines = Describe(selected);
-        int width = painter.FitWidth(lines.data(), lines.size());
         int top = OverlayPainter::LineHeight + 2 * OverlayPainter::Margin; // below the header
+        // Cut to the room above the event log; all of it was printed.
+        int room = (painter.Height() - top - LogHeight()) / OverlayPainter::LineHeight - 1;
+        size_t fits = size_t(std::max(room, 2));
+        if (lines.size() > fits) {
+            size_t more = lines.size() - (fits - 1);
+            lines.resize(fits - 1);
+            lines.push_back("... " + std::to_string(more) + " more lines on standard output");
+        }
+        int width = painter.FitWidth(lines.data(), lines.size());
         painter.Panel(painter.Width() - width, top, width, lines.data(), lines.size(), PanelColor,
                       SelectedColor);
     }
@@ -284,11 +300,16 @@ void Inspector::PaintInfo(OverlayPainter& painter) {
     painter.Panel(left, top, width, &label, 1, PanelColor, HoverColor);
 }
 
+int Inspector::LogHeight() const {
+    size_t lines = std::min(Log.size(), LogShown) + 1; // with its title
+    return int(lines) * OverlayPainter::LineHeight + 2 * OverlayPainter::Margin;
+}
+
 void Inspector::PaintLog(OverlayPainter& painter) {
     size_t shown = std::min(Log.size(), LogShown);
     std::vector<std::string> lines(Log.end() - long(shown), Log.end());
     lines.insert(lines.begin(), "Event log (newest last)");
-    int height = int(lines.size()) * OverlayPainter::LineHeight + 2 * OverlayPainter::Margin;
+    int height = LogHeight();
     painter.Panel(0, painter.Height() - height, painter.Width(), lines.data(), lines.size(),
                   PanelColor, TextColor);
 }

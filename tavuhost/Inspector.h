@@ -13,6 +13,7 @@
 #pragma once
 
 #include "ElementAccess.h"
+#include "ElementSource.h"
 #include "HostInput.h"
 
 #include <deque>
@@ -28,7 +29,8 @@ public:
     enum : unsigned { ToggleKey = 0x7B, HiddenKey = 0x7A }; // F12, F11
     enum : size_t { LogLines = 200 };
 
-    Inspector(TavukitModule& module, ScriptEngine& engine, HostInput& host);
+    Inspector(TavukitModule& module, ScriptEngine& engine, HostInput& host,
+              const std::string& prefix);
     ~Inspector();
     Inspector(const Inspector&) = delete;
     Inspector& operator=(const Inspector&) = delete;
@@ -43,10 +45,13 @@ public:
     // The event log's two sources.
     void Heard(const std::string& line);
     void EventStarted(TAVUElement* element, unsigned atom);
+    // An interface file the toolkit read: where a selected element's keys are looked up.
+    void InterfaceLoaded(const std::string& path) { Sources.FileLoaded(path); }
 
     void Paint(OverlayPainter& painter);
 
-    // What a click on an element prints: its facts, ancestors and children.
+    // What a click on an element prints: its facts, ancestors and children,
+    // then its node, its template and the keys it read.
     std::vector<std::string> Describe(TAVUElement* element);
 
     // HostInput
@@ -66,12 +71,14 @@ private:
     void PaintOutlines(OverlayPainter& painter);
     void PaintInfo(OverlayPainter& painter);
     void PaintLog(OverlayPainter& painter);
+    int LogHeight() const;
     void PaintBeacon(OverlayPainter& painter);
     CUIManager* Manager() const;
 
     TavukitModule& Module;
     ScriptEngine& Engine;
     HostInput& Host;
+    ElementSource Sources;
     bool Armed = false;
     bool Open = false;
     bool ShowHidden = false;

@@ -50,9 +50,21 @@ ready
 Element Panel (frame)
   position 20,20  size 260x120
   visible yes  shown yes  focused no  under the mouse yes
-  template by type none  skin none
+  skin none
   ancestors: none
   children: none
+  node live_v1.xml:2:3
+  made from no template: frame (named by its type word) is not loaded
+  keys (the node's over the template's):
+    Name = Panel  (node)
+    X = 20  (node)
+    Y = 20  (node)
+    Height = 120  (node)
+    Width = 260  (node)
+    OnLoad = echo panel two  (node)
+    OnLeftClick = echo panel clicked  (node)
+    BackgroundColor = FF30A050  (node)
+  29 other keys read their defaults
 panel clicked"
 output=$(cat output.txt)
 if [ $status -ne 0 ] || [ "$output" != "$expected" ]; then
