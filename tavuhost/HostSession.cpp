@@ -268,7 +268,8 @@ const TAVUKeyRegistryTable* HostSession::LoadRegistry() {
 int HostSession::RunLint() {
     const TAVUKeyRegistryTable* registry = LoadRegistry();
     if (!registry) return 2;
-    Linter linter(*registry, Options.Paths, Options.Prefix, PrintLine);
+    std::unique_ptr<FontLibrary> fonts = FontLibrary::Create();
+    Linter linter(*registry, Options.Paths, Options.Prefix, fonts.get(), PrintLine);
     return linter.Run(Options.Files) ? 1 : 0;
 }
 

@@ -30,7 +30,7 @@ public:
     enum : size_t { LogLines = 200 };
 
     Inspector(TavukitModule& module, ScriptEngine& engine, HostInput& host,
-              const std::string& prefix);
+              const std::string& prefix = "TAVU");
     ~Inspector();
     Inspector(const Inspector&) = delete;
     Inspector& operator=(const Inspector&) = delete;

@@ -1,5 +1,6 @@
 #include "Linter.h"
 
+#include "FontFace.h"
 #include "HostText.h"
 #include "ScriptCompiler.h"
 #include "XmlCheck.h"
@@ -42,8 +43,8 @@ const LintAttribute* NameOf(const LintElement& node) {
 } // namespace
 
 Linter::Linter(const TAVUKeyRegistryTable& registry, std::vector<std::string> folders,
-               std::string prefix, Reporter report)
-    : Registry(registry), Folders(std::move(folders)), Prefix(std::move(prefix)),
+               std::string prefix, FontLibrary* fonts, Reporter report)
+    : Registry(registry), Folders(std::move(folders)), Prefix(std::move(prefix)), Fonts(fonts),
       Out(std::move(report)) {}
 
 void Linter::Report(const LintPlace& place, const std::string& message) {
@@ -60,8 +61,11 @@ unsigned Linter::Run(const std::vector<std::string>& files) {
         Loaded loaded;
         if (Load(file, loaded)) documents.push_back(std::move(loaded));
     }
-    for (const Loaded& loaded : documents)
+    FontBases.insert("default font"); // every font's template of last resort
+    for (const Loaded& loaded : documents) {
         CollectTemplates(*loaded.Root);
+        CollectFontTemplates(*loaded.Root);
+    }
     for (const Loaded& loaded : documents) {
         File = loaded.File;
         CheckContents(*loaded.Root);
@@ -95,9 +99,22 @@ bool Linter::Load(const std::string& file, Loaded& loaded) {
 }
 
 void Linter::CollectTemplates(const LintElement& root) {
-    for (const auto& entry : root.Children)
+    for (const auto& entry : root.Children) {
         if (Same(entry->Name, "Template"))
             if (const LintAttribute* name = NameOf(*entry)) Templates.insert(Lower(name->Value));
+        if (Same(entry->Name, "Skin"))
+            if (const LintAttribute* base = entry->Attribute("Template"))
+                SkinBases.insert(Lower(base->Value));
+    }
+}
+
+void Linter::CollectFontTemplates(const LintElement& node) {
+    for (const auto& child : node.Children) {
+        if (Same(child->Name, "Font"))
+            if (const LintAttribute* base = child->Attribute("Template"))
+                FontBases.insert(Lower(base->Value));
+        CollectFontTemplates(*child);
+    }
 }
 
 void Linter::CheckContents(const LintElement& root) {
@@ -105,8 +122,8 @@ void Linter::CheckContents(const LintElement& root) {
     for (const auto& entry : root.Children) {
         if (Same(entry->Name, "Template"))
             CheckTemplate(*entry);
-        else if (Same(entry->Name, "Skin")) // its keys name templates, per type
-            CheckTemplateName(entry->Attribute("Template"));
+        else if (Same(entry->Name, "Skin"))
+            CheckSkin(*entry);
         else
             CheckElement(*entry);
     }
@@ -136,6 +153,8 @@ void Linter::CheckSiblings(const LintElement& parent) {
 void Linter::CheckTemplate(const LintElement& node) {
     CheckTemplateName(node.Attribute("Template"));
     const LintAttribute* name = NameOf(node);
+    if (name && SkinBases.count(Lower(name->Value))) return CheckSkin(node);
+    if (name && FontBases.count(Lower(name->Value))) return CheckFont(node);
     int type = name ? Registry.FindType(name->Value.c_str()) : -1;
     for (const auto& key : node.Children) {
         if (Same(key->Name, "Children")) {
@@ -155,6 +174,8 @@ void Linter::CheckTemplate(const LintElement& node) {
             Report(key->Place, "'" + key->Name + "' is not a key of any element type");
         else if (info->Kind == TAVUKeyTexture)
             CheckTexture(*key);
+        else if (info->Kind == TAVUKeyFont)
+            CheckFont(*key);
         else if (info->Kind == TAVUKeyScript)
             CheckScript(*key);
     }
@@ -199,6 +220,7 @@ void Linter::CheckKey(int type, const LintElement& key) {
         return;
     }
     if (info->Kind == TAVUKeyTexture) CheckTexture(key);
+    if (info->Kind == TAVUKeyFont) CheckFont(key);
     if (info->Kind == TAVUKeyScript) CheckScript(key);
     if (info->Kind == TAVUKeyTemplate) {
         std::string name = Trimmed(key.Text);
@@ -231,6 +253,37 @@ void Linter::CheckTexture(const LintElement& key) {
     // Names from '#' on are the host's own fills, not files.
     if (file && !file->Value.empty() && file->Value[0] != '#' && !FindFile(file->Value))
         Report(file->Place, "texture file '" + file->Value + "' not found");
+}
+
+// Found means what the previewer finds: a face of that family, not a stand-in.
+void Linter::CheckFont(const LintElement& key) {
+    CheckTemplateName(key.Attribute("Template"));
+    const LintElement* name = key.Child("Name");
+    std::string family = name ? Trimmed(name->Text) : "";
+    if (Fonts && !family.empty() && !Fonts->Has(family))
+        Report(name->TextPlace, "font '" + family + "' not found");
+}
+
+// A skin's entries replace template names; an entry that names a template no
+// file defines leaves the elements of that template with their defaults.
+void Linter::CheckSkin(const LintElement& node) {
+    if (!Same(node.Name, "Template")) CheckTemplateName(node.Attribute("Template"));
+    for (const auto& entry : node.Children) {
+        if (!Same(entry->Name, "SkinTemplate")) {
+            Report(entry->Place, "'" + entry->Name + "' is not a skin entry: write SkinTemplate");
+            continue;
+        }
+        const LintAttribute* base = entry->Attribute("Base");
+        const LintAttribute* skin = entry->Attribute("Skin");
+        const LintAttribute* prefix = entry->Attribute("SkinPrefix");
+        if (!base || base->Value.empty()) continue;
+        const LintAttribute* named = skin && !skin->Value.empty() ? skin : prefix;
+        if (!named || named->Value.empty()) continue;
+        std::string wanted = named == skin ? skin->Value : prefix->Value + base->Value;
+        if (!Templates.count(Lower(wanted)))
+            Report(named->Place,
+                   "skin entry for '" + base->Value + "': template '" + wanted + "' not found");
+    }
 }
 
 void Linter::CheckScript(const LintElement& key) {

@@ -3,6 +3,7 @@
 #include "Platform.h"
 
 #include <algorithm>
+#include <cctype>
 
 namespace {
 const int DefaultHeight = 12;
@@ -11,6 +12,20 @@ const int MaxHeight = 512;
 
 int FontLibrary::PixelHeight(int requested) {
     return requested <= 0 ? DefaultHeight : std::min(requested, MaxHeight);
+}
+
+bool FontLibrary::Has(const std::string& name) {
+    auto same = [](const std::string& a, const char* b) {
+        size_t i = 0;
+        for (; i < a.size() && b[i]; ++i)
+            if (std::tolower((unsigned char)a[i]) != std::tolower((unsigned char)b[i]))
+                return false;
+        return i == a.size() && !b[i];
+    };
+    for (const char* generic : {"sans-serif", "serif", "monospace"})
+        if (same(name, generic)) return true;
+    std::unique_ptr<FontFace> face = Open(name, 0, false, false);
+    return face && same(name, face->FamilyName().c_str());
 }
 
 const Glyph& FontFace::GlyphOf(unsigned char byte) {

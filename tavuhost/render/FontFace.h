@@ -50,6 +50,11 @@ public:
     virtual std::unique_ptr<FontFace> Open(const std::string& name, int height, bool fixed,
                                            bool bold) = 0;
 
+    // Whether text in the named face is drawn in that face rather than in a
+    // stand-in: what an author means by the font being found. The generic
+    // names ("sans-serif", "serif", "monospace") always are.
+    bool Has(const std::string& name);
+
     // The library of this build; null when it was built without one, and then
     // text is measured but not drawn.
     static std::unique_ptr<FontLibrary> Create();

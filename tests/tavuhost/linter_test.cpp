@@ -18,7 +18,7 @@ std::vector<std::string> Lint(const std::string& body) {
     fputs(("<TAVU>\n" + body + "</TAVU>\n").c_str(), file);
     fclose(file);
     std::vector<std::string> lines;
-    Linter linter(*TavuKeyRegistry(), {}, "TAVU", [&](const std::string& line) {
+    Linter linter(*TavuKeyRegistry(), {}, "TAVU", nullptr, [&](const std::string& line) {
         lines.push_back(line.substr(line.find(".xml:") + 5)); // line:column: message
     });
     unsigned problems = linter.Run({path});
