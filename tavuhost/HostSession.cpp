@@ -252,13 +252,17 @@ bool HostSession::WritePng() {
 }
 
 // The linter and the schema need the module only for its key registry:
-// nothing is entered, so no element is made and no script runs.
+// nothing is entered, so no element is made and no script runs. The modules
+// of --module load too, so that their types are known and, where they list
+// their keys, in the registry.
 const TAVUKeyRegistryTable* HostSession::LoadRegistry() {
     std::string path = ModulePath();
     if (!Module.Load(path.c_str())) {
         fprintf(stderr, "tavuhost: %s\n", Module.Error());
         return nullptr;
     }
+    for (const std::string& name : Options.ElementModules)
+        if (!Extras.Load(ElementModulePath(name))) return nullptr;
     using RegistryFunction = const TAVUKeyRegistryTable* (*)();
     auto registry = reinterpret_cast<RegistryFunction>(Module.Find("TavuKeyRegistry"));
     if (!registry) fprintf(stderr, "tavuhost: this Tavukit module has no key registry\n");
@@ -270,6 +274,14 @@ int HostSession::RunLint() {
     if (!registry) return 2;
     std::unique_ptr<FontLibrary> fonts = FontLibrary::Create();
     Linter linter(*registry, Options.Paths, Options.Prefix, fonts.get(), PrintLine);
+    // A module's type that lists no keys is still made by its factory.
+    using FindFactoryMember = void* (*)(CUIManager*, const char*);
+    auto findFactory =
+        reinterpret_cast<FindFactoryMember>(Module.Find("_ZN10CUIManager11FindFactoryEPKc"));
+    if (findFactory)
+        linter.AcceptTypes([this, findFactory](const char* type) {
+            return findFactory(Module.GetManager(), type) != nullptr;
+        });
     return linter.Run(Options.Files) ? 1 : 0;
 }
 

@@ -183,6 +183,18 @@ void Linter::CheckTemplate(const LintElement& node) {
 
 void Linter::CheckElement(const LintElement& node) {
     int type = Registry.FindType(node.Name.c_str());
+    if (type < 0 && HasFactory && HasFactory(node.Name.c_str())) {
+        if (Unchecked.insert(Lower(node.Name)).second)
+            fprintf(stderr,
+                    "%s:%d:%d: note: the keys of '%s' are not checked: its module lists none\n",
+                    File.c_str(), node.Place.Line, node.Place.Column, node.Name.c_str());
+        if (const LintElement* children = node.Child("Children")) {
+            CheckSiblings(*children);
+            for (const auto& child : children->Children)
+                CheckElement(*child);
+        }
+        return;
+    }
     if (type < 0) {
         Report(node.Place, "no element factory for type '" + node.Name + "'");
         return;

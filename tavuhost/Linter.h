@@ -26,6 +26,13 @@ public:
     Linter(const TAVUKeyRegistryTable& registry, std::vector<std::string> folders,
            std::string prefix, FontLibrary* fonts, Reporter report);
 
+    // Types that the registry does not list but a factory makes (a module's
+    // that lists no keys): accepted, with one note each that their keys go
+    // unchecked. Notes go to standard error and are not problems.
+    void AcceptTypes(std::function<bool(const char* type)> hasFactory) {
+        HasFactory = std::move(hasFactory);
+    }
+
     // Checks every file; answers how many problems were reported.
     unsigned Run(const std::vector<std::string>& files);
 
@@ -60,6 +67,8 @@ private:
     std::set<std::string> Templates; // lower-cased names
     std::set<std::string> SkinBases; // templates that skins take entries from
     std::set<std::string> FontBases; // templates that fonts take keys from
+    std::function<bool(const char*)> HasFactory;
+    std::set<std::string> Unchecked; // types whose note was given
     std::string File;                // the file being checked
     unsigned Problems = 0;
 };

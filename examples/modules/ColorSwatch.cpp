@@ -14,6 +14,7 @@
 #include "TAVUControlHelpers.h"
 #include "TAVUElementWatch.h"
 #include "TAVUFactory.h"
+#include "TAVUKeyRegistry.h"
 #include "XMLHelper.h"
 
 #include <cstdio>
@@ -145,5 +146,16 @@ void SwatchMenu::OnClick(unsigned id) {
 }
 
 TAVUFactory<ColorSwatch> g_ColorSwatchFactory("colorswatch");
+
+// The keys FromXML reads beside every element's, so that a host's linter
+// checks them and its schema offers them (see docs/modules.md).
+const TAVUKeyInfo kSwatchKeys[] = {
+    {"Color", TAVUKeyColor, "The fill colour, hexadecimal ARGB."},
+    {"BorderColor", TAVUKeyColor, "The colour of the border."},
+};
+const TAVUKeyType kSwatchType = {"colorswatch", "element", kSwatchKeys,
+                                 sizeof(kSwatchKeys) / sizeof(kSwatchKeys[0]),
+                                 "A square of one colour that tells its parent when clicked."};
+TAVUKeyTypeRegistration g_ColorSwatchKeys(kSwatchType);
 
 } // namespace

@@ -285,6 +285,20 @@ const unsigned kTypeCount = sizeof(kTypes) / sizeof(kTypes[0]);
 const char* const kOwnerMade[] = {"gaugefiller",      "mapblipview",    "messagebox",
                                   "scriptmessagebox", "scriptinputbox", "contextmenu"};
 
+// Modules' types, in the order they were added. A plain array: it needs no
+// destruction, so a module that unloads late finds it still there.
+const TAVUKeyType* g_Added[TAVUKeyRegistry::MaxAddedTypes];
+unsigned g_AddedCount = 0;
+
+unsigned AllTypes() {
+    return kTypeCount + g_AddedCount;
+}
+
+const TAVUKeyType* AddedType(unsigned type) {
+    return type >= kTypeCount && type - kTypeCount < g_AddedCount ? g_Added[type - kTypeCount]
+                                                                  : nullptr;
+}
+
 const TAVUKeyInfo* InfoOf(const char* name, size_t length) {
     for (const TAVUKeyInfo& info : kKeys)
         if (std::strlen(info.Name) == length && StrCompareNoCaseN(info.Name, name, length) == 0)
@@ -309,6 +323,26 @@ template <class Visit> const TAVUKeyInfo* EachKey(const TypeRow& row, Visit visi
         at = end;
     }
     return nullptr;
+}
+
+template <class Visit> const TAVUKeyInfo* EachKeyOf(unsigned type, Visit visit) {
+    if (type < kTypeCount) return EachKey(kTypes[type], visit);
+    const TAVUKeyType* added = AddedType(type);
+    for (unsigned at = 0; added && at < added->KeyCount; ++at)
+        if (added->Keys[at].Name && visit(&added->Keys[at])) return &added->Keys[at];
+    return nullptr;
+}
+
+// Calls visit(type) for the type and each of its bases, the type first. The
+// steps are bounded: a module's base that went and came back after it could
+// otherwise lead round in a ring.
+template <class Visit> void EachBase(unsigned type, Visit visit) {
+    int at = int(type);
+    for (unsigned steps = 0; at >= 0 && unsigned(at) < AllTypes() && steps < AllTypes(); ++steps) {
+        if (visit(unsigned(at))) return;
+        const char* base = TAVUKeyRegistry::BaseType(unsigned(at));
+        at = base ? TAVUKeyRegistry::FindType(base) : -1;
+    }
 }
 
 // Edits between two names ignoring case, capped: names longer than the cap
@@ -340,22 +374,29 @@ unsigned EditDistance(const char* a, const char* b) {
 } // namespace
 
 unsigned TAVUKeyRegistry::TypeCount() {
-    return kTypeCount;
+    return AllTypes();
 }
 
 const char* TAVUKeyRegistry::TypeName(unsigned type) {
-    return type < kTypeCount ? kTypes[type].Name : nullptr;
+    if (type < kTypeCount) return kTypes[type].Name;
+    const TAVUKeyType* added = AddedType(type);
+    return added ? added->Name : nullptr;
 }
 
 const char* TAVUKeyRegistry::TypeDocumentation(unsigned type) {
-    return type < kTypeCount ? kTypes[type].Documentation : nullptr;
+    if (type < kTypeCount) return kTypes[type].Documentation;
+    const TAVUKeyType* added = AddedType(type);
+    return added ? added->Documentation : nullptr;
 }
 
 const char* TAVUKeyRegistry::BaseType(unsigned type) {
-    return type < kTypeCount ? kTypes[type].Base : nullptr;
+    if (type < kTypeCount) return kTypes[type].Base;
+    const TAVUKeyType* added = AddedType(type);
+    return added ? added->Base : nullptr;
 }
 
 bool TAVUKeyRegistry::MadeFromFiles(unsigned type) {
+    if (AddedType(type)) return true;
     if (type >= kTypeCount) return false;
     for (const char* name : kOwnerMade)
         if (StrCompareNoCase(name, kTypes[type].Name) == 0) return false;
@@ -364,15 +405,15 @@ bool TAVUKeyRegistry::MadeFromFiles(unsigned type) {
 
 int TAVUKeyRegistry::FindType(const char* name) {
     if (!name) return -1;
-    for (unsigned type = 0; type < kTypeCount; ++type)
-        if (StrCompareNoCase(kTypes[type].Name, name) == 0) return int(type);
+    for (unsigned type = 0; type < AllTypes(); ++type)
+        if (const char* each = TypeName(type); each && StrCompareNoCase(each, name) == 0)
+            return int(type);
     return -1;
 }
 
 unsigned TAVUKeyRegistry::KeyCount(unsigned type) {
-    if (type >= kTypeCount) return 0;
     unsigned count = 0;
-    EachKey(kTypes[type], [&](const TAVUKeyInfo*) {
+    EachKeyOf(type, [&](const TAVUKeyInfo*) {
         ++count;
         return false;
     });
@@ -380,38 +421,53 @@ unsigned TAVUKeyRegistry::KeyCount(unsigned type) {
 }
 
 const TAVUKeyInfo* TAVUKeyRegistry::Key(unsigned type, unsigned index) {
-    if (type >= kTypeCount) return nullptr;
-    return EachKey(kTypes[type], [&](const TAVUKeyInfo*) { return index-- == 0; });
+    return EachKeyOf(type, [&](const TAVUKeyInfo*) { return index-- == 0; });
 }
 
 const TAVUKeyInfo* TAVUKeyRegistry::FindKey(unsigned type, const char* name) {
     if (!name) return nullptr;
-    // A base always stands before its derived types, so the walk ends.
-    for (int at = int(type); at >= 0 && unsigned(at) < kTypeCount; at = FindType(kTypes[at].Base)) {
-        const TAVUKeyInfo* found = EachKey(kTypes[at], [&](const TAVUKeyInfo* info) {
-            return StrCompareNoCase(info->Name, name) == 0;
-        });
-        if (found) return found;
-        if (!kTypes[at].Base) break;
-    }
-    return nullptr;
+    const TAVUKeyInfo* found = nullptr;
+    EachBase(type, [&](unsigned at) {
+        found = EachKeyOf(
+            at, [&](const TAVUKeyInfo* info) { return StrCompareNoCase(info->Name, name) == 0; });
+        return found != nullptr;
+    });
+    return found;
 }
 
 const TAVUKeyInfo* TAVUKeyRegistry::NearestKey(unsigned type, const char* name) {
     if (!name || !name[0]) return nullptr;
     const TAVUKeyInfo* best = nullptr;
     unsigned bestDistance = 0;
-    for (int at = int(type); at >= 0 && unsigned(at) < kTypeCount; at = FindType(kTypes[at].Base)) {
-        EachKey(kTypes[at], [&](const TAVUKeyInfo* info) {
+    EachBase(type, [&](unsigned at) {
+        EachKeyOf(at, [&](const TAVUKeyInfo* info) {
             unsigned distance = EditDistance(info->Name, name);
             if (!best || distance < bestDistance) best = info, bestDistance = distance;
             return false;
         });
-        if (!kTypes[at].Base) break;
-    }
+        return false;
+    });
     // A third of the name may be wrong: "Widht" is Width, "Colour" is not Font.
     size_t allowed = std::strlen(name) / 3 + 1;
     return best && bestDistance <= allowed ? best : nullptr;
+}
+
+bool TAVUKeyRegistry::AddType(const TAVUKeyType* type) {
+    if (!type || !type->Name || !type->Name[0] || g_AddedCount >= MaxAddedTypes ||
+        (type->KeyCount && !type->Keys) || FindType(type->Name) >= 0 || FindType(type->Base) < 0)
+        return false;
+    g_Added[g_AddedCount++] = type;
+    return true;
+}
+
+void TAVUKeyRegistry::RemoveType(const TAVUKeyType* type) {
+    for (unsigned at = 0; at < g_AddedCount; ++at)
+        if (g_Added[at] == type) {
+            for (unsigned next = at + 1; next < g_AddedCount; ++next)
+                g_Added[next - 1] = g_Added[next];
+            --g_AddedCount;
+            return;
+        }
 }
 
 const char* TAVUKeyRegistry::KindName(TAVUKeyKind kind) {

@@ -28,6 +28,16 @@ struct TAVUKeyInfo {
     const char* Documentation;
 };
 
+// A type that a module adds, with rows of its own that the module keeps for
+// as long as the type is registered.
+struct TAVUKeyType {
+    const char* Name;
+    const char* Base; // a type already known, whose keys this one reads too
+    const TAVUKeyInfo* Keys;
+    unsigned KeyCount;
+    const char* Documentation;
+};
+
 class TAVU_API TAVUKeyRegistry {
 public:
     // Element types by index: "element" (the keys every type reads) first.
@@ -54,6 +64,27 @@ public:
     static const TAVUKeyInfo* NearestKey(unsigned type, const char* name);
 
     static const char* KindName(TAVUKeyKind kind);
+
+    // A module's type, after the toolkit's; false when the name is taken,
+    // the base is unknown, or the room for modules' types (MaxAddedTypes) is full.
+    enum : unsigned { MaxAddedTypes = 64 };
+    static bool AddType(const TAVUKeyType* type);
+    static void RemoveType(const TAVUKeyType* type);
+};
+
+// Lists a module's type while the module is loaded, as its factory makes it:
+//     static TAVUKeyTypeRegistration g_MyGaugeKeys(kMyGaugeType);
+class TAVUKeyTypeRegistration {
+public:
+    explicit TAVUKeyTypeRegistration(const TAVUKeyType& type) : Type(&type) {
+        TAVUKeyRegistry::AddType(Type);
+    }
+    ~TAVUKeyTypeRegistration() { TAVUKeyRegistry::RemoveType(Type); }
+    TAVUKeyTypeRegistration(const TAVUKeyTypeRegistration&) = delete;
+    TAVUKeyTypeRegistration& operator=(const TAVUKeyTypeRegistration&) = delete;
+
+private:
+    const TAVUKeyType* Type;
 };
 
 // The same for hosts that load the module at run time and see only what it
