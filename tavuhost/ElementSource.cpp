@@ -12,13 +12,6 @@ enum : size_t { ValueShown = 48 };
 // Templates that name each other in a ring would never end the chain.
 enum : unsigned { ChainDepth = 32 };
 
-std::string Lower(const std::string& text) {
-    std::string lower = text;
-    for (char& c : lower)
-        c = char(std::tolower((unsigned char)c));
-    return lower;
-}
-
 std::string AttributeOf(const LintElement* node, const char* name) {
     const LintAttribute* attribute = node ? node->Attribute(name) : nullptr;
     return attribute ? attribute->Value : "";
@@ -98,18 +91,17 @@ struct MergedTemplate {
 
 struct ElementSource::Index {
     std::vector<Document> Documents;
-    std::map<std::string, const LintElement*> Templates; // lower-cased names
+    std::map<std::string, const LintElement*, NameLess> Templates;
 
     const LintElement* FindTemplate(const std::string& name) const {
-        auto found = Templates.find(Lower(name));
+        auto found = Templates.find(name);
         return found == Templates.end() ? nullptr : found->second;
     }
 
     void Add(Document document) {
         for (const auto& entry : document.Root->Children) {
             std::string name = AttributeOf(entry.get(), "Name");
-            if (SameName(entry->Name, "Template") && !name.empty())
-                Templates[Lower(name)] = entry.get();
+            if (SameName(entry->Name, "Template") && !name.empty()) Templates[name] = entry.get();
         }
         Documents.push_back(std::move(document));
     }

@@ -112,7 +112,7 @@ void Inspector::EventStarted(TAVUElement* element, unsigned atom) {
 
 // ---- element info ----
 
-std::vector<std::string> Inspector::Describe(TAVUElement* element) {
+std::vector<std::string> Inspector::DescribeFacts(TAVUElement* element) {
     ElementFacts facts = ElementAccess::Facts(Manager(), element);
     std::vector<std::string> lines;
     lines.push_back("Element " + NameAndType(facts));
@@ -135,20 +135,28 @@ std::vector<std::string> Inspector::Describe(TAVUElement* element) {
         children +=
             (children.empty() ? "" : ", ") + NameAndType(ElementAccess::Facts(Manager(), child));
     lines.push_back("  children: " + Or(children, "none"));
+    return lines;
+}
+
+// Reads the interface files again: done once per selection, not per frame.
+std::vector<std::string> Inspector::DescribeSource(TAVUElement* element) {
+    ElementFacts facts = ElementAccess::Facts(Manager(), element);
     using RegistryFunction = const TAVUKeyRegistryTable* (*)();
     auto registry = reinterpret_cast<RegistryFunction>(Module.Find("TavuKeyRegistry"));
-    std::vector<std::string> source =
-        Sources.Describe(registry ? registry() : nullptr, facts.FullName, facts.Type,
-                         [this](const std::string& name) {
-                             return ElementAccess::SkinnedTemplate(Manager(), name);
-                         });
-    lines.insert(lines.end(), source.begin(), source.end());
-    return lines;
+    return Sources.Describe(registry ? registry() : nullptr, facts.FullName, facts.Type,
+                            [this](const std::string& name) {
+                                return ElementAccess::SkinnedTemplate(Manager(), name);
+                            });
 }
 
 void Inspector::Select(TAVUElement* element) {
     SelectedID = element ? ElementAccess::Facts(Manager(), element).ID : 0;
-    if (element) PrintLines(Describe(element));
+    SelectedSource.clear();
+    if (!element) return;
+    std::vector<std::string> lines = DescribeFacts(element);
+    SelectedSource = DescribeSource(element);
+    lines.insert(lines.end(), SelectedSource.begin(), SelectedSource.end());
+    PrintLines(lines);
 }
 
 TAVUElement* Inspector::ElementAt(int x, int y) {
@@ -270,7 +278,8 @@ void Inspector::PaintInfo(OverlayPainter& painter) {
     if (selected) {
         ElementFacts facts = ElementAccess::Facts(Manager(), selected);
         painter.Outline(facts.X, facts.Y, facts.Width, facts.Height, SelectedColor, 2);
-        std::vector<std::string> lines = Describe(selected);
+        std::vector<std::string> lines = DescribeFacts(selected);
+        lines.insert(lines.end(), SelectedSource.begin(), SelectedSource.end());
         int top = OverlayPainter::LineHeight + 2 * OverlayPainter::Margin; // below the header
         // Cut to the room above the event log; all of it was printed.
         int room = (painter.Height() - top - LogHeight()) / OverlayPainter::LineHeight - 1;

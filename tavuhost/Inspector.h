@@ -50,10 +50,6 @@ public:
 
     void Paint(OverlayPainter& painter);
 
-    // What a click on an element prints: its facts, ancestors and children,
-    // then its node, its template and the keys it read.
-    std::vector<std::string> Describe(TAVUElement* element);
-
     // HostInput
     void PointerMoved(int x, int y) override;
     void ButtonChanged(bool left, bool down) override;
@@ -66,6 +62,10 @@ private:
     int InspectCommand(int argc, char* argv[]);
     void AddToLog(const std::string& line);
     void Select(TAVUElement* element);
+    // What a click on an element prints: its facts, ancestors and children,
+    // then its node, its template and the keys it read.
+    std::vector<std::string> DescribeFacts(TAVUElement* element);
+    std::vector<std::string> DescribeSource(TAVUElement* element);
     TAVUElement* ElementAt(int x, int y);
     TAVUElement* FindByName(const std::string& fullName);
     void PaintOutlines(OverlayPainter& painter);
@@ -85,6 +85,7 @@ private:
     int PointerX = -1;
     int PointerY = -1;
     unsigned SelectedID = 0;
+    std::vector<std::string> SelectedSource; // its node and keys, read at selection
     std::deque<std::string> Log;
     unsigned Unseen = 0; // lines logged while the overlay was closed
 };
