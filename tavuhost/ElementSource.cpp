@@ -9,8 +9,9 @@
 namespace {
 
 enum : size_t { ValueShown = 48 };
-// Templates that name each other in a ring would never end the chain.
-enum : unsigned { ChainDepth = 32 };
+// Templates that name each other in a ring, or lists of names that name
+// lists again, would never end the chain: it is cut.
+enum : unsigned { ChainDepth = 32, ChainNodes = 256 };
 
 std::string AttributeOf(const LintElement* node, const char* name) {
     const LintAttribute* attribute = node ? node->Attribute(name) : nullptr;
@@ -90,18 +91,27 @@ struct MergedTemplate {
 } // namespace
 
 struct ElementSource::Index {
+    enum : unsigned { Latest = ~0u };
     std::vector<Document> Documents;
-    std::map<std::string, const LintElement*, NameLess> Templates;
+    // Every definition of each name in the order of loading: a template
+    // merges the bases that stood before it, as the toolkit read them then.
+    std::map<std::string, std::vector<const LintElement*>, NameLess> Templates;
+    std::map<const LintElement*, unsigned> Order;
 
-    const LintElement* FindTemplate(const std::string& name) const {
+    const LintElement* FindTemplate(const std::string& name, unsigned before = Latest) const {
         auto found = Templates.find(name);
-        return found == Templates.end() ? nullptr : found->second;
+        if (found == Templates.end()) return nullptr;
+        for (auto each = found->second.rbegin(); each != found->second.rend(); ++each)
+            if (Order.at(*each) < before) return *each;
+        return nullptr;
     }
 
     void Add(Document document) {
         for (const auto& entry : document.Root->Children) {
             std::string name = AttributeOf(entry.get(), "Name");
-            if (SameName(entry->Name, "Template") && !name.empty()) Templates[name] = entry.get();
+            if (!SameName(entry->Name, "Template") || name.empty()) continue;
+            Order[entry.get()] = unsigned(Order.size());
+            Templates[name].push_back(entry.get());
         }
         Documents.push_back(std::move(document));
     }
@@ -110,18 +120,20 @@ struct ElementSource::Index {
     // it; a list of names merges every name before the last comma.
     void Chain(const LintElement* node, std::vector<const LintElement*>& chain,
                unsigned depth) const {
-        for (unsigned visit = 0; node && depth < ChainDepth; ++visit, ++depth) {
+        for (unsigned visit = 0; node && depth < ChainDepth && chain.size() < ChainNodes;
+             ++visit, ++depth) {
             chain.insert(chain.begin(), node);
             std::string base = AttributeOf(node, "Template");
             if (base.find(',') == std::string::npos) {
-                const LintElement* next = base.empty() ? nullptr : FindTemplate(base);
+                const LintElement* next =
+                    base.empty() ? nullptr : FindTemplate(base, Order.at(node));
                 if (next == node) return;
                 node = next;
                 continue;
             }
             for (size_t at = 0, comma; (comma = base.find(',', at)) != std::string::npos;
                  at = comma + 1)
-                Chain(FindTemplate(base.substr(at, comma - at)), chain, depth + 1);
+                Chain(FindTemplate(base.substr(at, comma - at), Order.at(node)), chain, depth + 1);
             if (visit > 0) return; // the node's second visit ends the chain
         }
     }
