@@ -1,7 +1,9 @@
 #include "HeadlessHost.h"
 
+#include "DefaultLook.h"
 #include "ElementAccess.h"
 #include "HostText.h"
+#include "ImageFile.h"
 #include "ImageSize.h"
 #include "KeyNames.h"
 #include "NativePath.h"
@@ -680,6 +682,17 @@ unsigned HeadlessHost::AcquireTexture(const char* file, unsigned colorKey) {
     char path[TAVU_TEXTURE_PATH_BUFFER];
     unsigned texture = 0;
     Texture entry;
+    Image picture;
+    if (DefaultLook::Picture(file, picture)) {
+        // The default look's own pictures: made here, never looked for on disk.
+        entry = Texture{"", true, _Point2i{picture.Width, picture.Height}};
+        if (Renderer) Renderer->LoadPicture(NextTexture, std::move(picture));
+        texture = NextTexture++;
+        Textures[texture] = entry;
+        Trace.Write("AcquireTexture", {TraceWriter::Text(file), TraceWriter::Hex(colorKey), "->",
+                                       TraceWriter::Int(texture)});
+        return texture;
+    }
     bool found =
         file && (!*file || Readable(NativePath(file)) || FindFile(file, path, sizeof(path), false));
     if (found && *file) {
