@@ -70,7 +70,6 @@ const struct {
 };
 
 const DefaultLookTemplate kTemplates[] = {
-    {"frame", "<BackgroundColor>$surface</BackgroundColor>$border"},
     {"button", "$button"},
     {"commandbutton", "$button"},
     {"checkbox", "$checkbox"},
@@ -159,6 +158,9 @@ const struct {
     const char* Why;
 } kPlain[] = {
     {"element", "the keys every type reads: no type of its own"},
+    // Title bars, clients, pages and cells read this one too when their own
+    // type has none: a look here would dress the insides of every window.
+    {"frame", "a see-through group until it is given a colour"},
     {"table", "a layout grid: its cells show what they hold"},
     {"tablecell", "a slot of a layout grid: see-through so its contents stand alone"},
     {"windowclient", "made by its window from the window's Client"},
