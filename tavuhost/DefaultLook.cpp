@@ -33,11 +33,33 @@ const struct {
     {"font", "<Font><Size>13</Size><Color>$ink</Color></Font>"},
     {"fixedfont", "<Font><Fixed>1</Fixed><Size>13</Size><Color>$ink</Color></Font>"},
     {"border", "<Border>1</Border><BorderColor>$line</BorderColor>"},
-    // A fill for each state, so that hover and press show.
-    {"button", R"(<Height>24</Height>$border$font<BackgroundColor>$face</BackgroundColor>
-        <Texture Filename="#fill" ColorMask="$face"/>
-        <TextureHover Filename="#fill" ColorMask="$hover"/>
-        <TexturePressed Filename="#fill" ColorMask="$pressed"/>)"},
+    // A framed picture for each state, so that hover and press show. Message
+    // and input boxes draw their buttons with a border of 5 whatever the
+    // template says, so every button is drawn in nine cells of 5 pixels, which
+    // keeps its line one pixel wide in both.
+    {"buttonfaces", R"(<Texture Filename="#look-button"><Border>5</Border></Texture>
+        <TextureHover Filename="#look-button-hover"><Border>5</Border></TextureHover>
+        <TexturePressed Filename="#look-button-pressed"><Border>5</Border></TexturePressed>)"},
+    {"button", R"(<Height>24</Height><Border>5</Border><BorderColor>$line</BorderColor>$font
+        <BackgroundColor>$face</BackgroundColor>$buttonfaces)"},
+    // The buttons of message and input boxes: their captions, and the same
+    // faces as every button's.
+    {"okcancel", R"(<OKColor>$ink</OKColor>
+        <OKTexture Filename="#look-button"><Border>5</Border></OKTexture>
+        <OKTextureHover Filename="#look-button-hover"><Border>5</Border></OKTextureHover>
+        <OKTexturePressed Filename="#look-button-pressed"><Border>5</Border></OKTexturePressed>
+        <CancelColor>$ink</CancelColor>
+        <CancelTexture Filename="#look-button"><Border>5</Border></CancelTexture>
+        <CancelTextureHover Filename="#look-button-hover"><Border>5</Border></CancelTextureHover>
+        <CancelTexturePressed Filename="#look-button-pressed"><Border>5</Border></CancelTexturePressed>)"},
+    {"yesno", R"(<YesColor>$ink</YesColor>
+        <YesTexture Filename="#look-button"><Border>5</Border></YesTexture>
+        <YesTextureHover Filename="#look-button-hover"><Border>5</Border></YesTextureHover>
+        <YesTexturePressed Filename="#look-button-pressed"><Border>5</Border></YesTexturePressed>
+        <NoColor>$ink</NoColor>
+        <NoTexture Filename="#look-button"><Border>5</Border></NoTexture>
+        <NoTextureHover Filename="#look-button-hover"><Border>5</Border></NoTextureHover>
+        <NoTexturePressed Filename="#look-button-pressed"><Border>5</Border></NoTexturePressed>)"},
     // A framed box left of the caption; ticked, a white tick on blue.
     {"checkbox", R"(<Height>18</Height>$font
         <Texture Filename="#look-box"/><TextureHover Filename="#look-box-hover"/>
@@ -75,7 +97,8 @@ const DefaultLookTemplate kTemplates[] = {
     {"checkbox", "$checkbox"},
     {"commandcheckbox", "$checkbox"},
     {"text", "<Height>18</Height>$font<VerticalAlignment>center</VerticalAlignment>"},
-    {"hudelement", "$font"},
+    // A HUD line stands over the scene, not over a panel: light text.
+    {"hudelement", "<Font><Size>13</Size><Color>$surface</Color></Font>"},
     {"tooltip", "<BackgroundColor>$tip</BackgroundColor>$border$font"},
     {"textentry", "$entry<MaxLength>256</MaxLength>$font"},
     {"commandentry",
@@ -94,8 +117,8 @@ const DefaultLookTemplate kTemplates[] = {
         <UpButton><Width>16</Width><Height>16</Height><Texture Filename="#look-up"/>
           <TextureHover Filename="#look-up-hover"/><TexturePressed Filename="#look-up-pressed"/>
         </UpButton>
-        <Slider><Y>16</Y><Width>16</Width><Height>r32</Height><Vertical>1</Vertical><Border>3</Border>
-          <Texture Filename="#fill" ColorMask="$track"/>
+        <Slider><Y>16</Y><Width>16</Width><Height>r32</Height><Vertical>1</Vertical><Border>1</Border>
+          <Texture Filename="#look-trough"><Border>1</Border></Texture>
           <HandleTexture Filename="#fill" ColorMask="$accent"/></Slider>
         <DownButton><Y>r16</Y><Width>16</Width><Height>16</Height><Texture Filename="#look-down"/>
           <TextureHover Filename="#look-down-hover"/>
@@ -116,24 +139,23 @@ const DefaultLookTemplate kTemplates[] = {
         <FrameBorderColor>$line</FrameBorderColor>
         <LeftButton><Text>&lt;</Text></LeftButton><RightButton><Text>&gt;</Text></RightButton>)"},
     {"tree", R"(<BackgroundColor>$field</BackgroundColor>$border$font
-        <ItemHeight>20</ItemHeight><ImageSize>8</ImageSize><TextMargin>6</TextMargin>
+        <ItemHeight>18</ItemHeight><ImageSize>18</ImageSize><TextMargin>2</TextMargin>
         <IndentPerDepth>16</IndentPerDepth>
         <SelectionBackgroundColor>$selected</SelectionBackgroundColor>
         <SelectionTextColor>$ink</SelectionTextColor>
-        <ImageTexture Filename="#fill" ColorMask="$line"/>
-        <ImageTextureCollapsible Filename="#fill" ColorMask="$accent"/>
-        <ImageTextureCollapsed Filename="#fill" ColorMask="$title"/>
+        <ImageTexture Filename="#look-leaf"/><ImageTextureCollapsible Filename="#look-open"/>
+        <ImageTextureCollapsed Filename="#look-shut"/>
         <ScrollBar><X>r17</X><Y>1</Y><Height>r2</Height></ScrollBar>)"},
     {"mapblip",
      "<Width>6</Width><Height>6</Height><BackgroundColor>$accent</BackgroundColor>$font"},
     {"window", "<BackgroundColor>$surface</BackgroundColor>$border$titlebar"},
     {"messagebox", R"(<BackgroundColor>$surface</BackgroundColor>$border$titlebar$font
-        <OffsetTitleBarHeight>1</OffsetTitleBarHeight><OKColor>$ink</OKColor>
-        <CancelColor>$ink</CancelColor><YesColor>$ink</YesColor><NoColor>$ink</NoColor>)"},
+        <OffsetTitleBarHeight>1</OffsetTitleBarHeight>$okcancel$yesno)"},
     // An input box reads its BorderColor as a decimal number: 4289179837 is FFA7B0BD.
     // Its buttons are drawn by code, so its title bar keeps no close button.
     {"scriptinputbox", R"(<BackgroundColor>$surface</BackgroundColor><Border>1</Border>
         <BorderColor>4289179837</BorderColor>$font<OffsetTitleBarHeight>1</OffsetTitleBarHeight>
+        $okcancel
         <TitleBar><Width>100%</Width><Height>24</Height><BackgroundColor>$title</BackgroundColor>
           <Children><text Name="Title"><X>8</X><Width>r16</Width><Height>24</Height>
             <VerticalAlignment>center</VerticalAlignment>
@@ -143,11 +165,11 @@ const DefaultLookTemplate kTemplates[] = {
           <BackgroundColor>$surface</BackgroundColor></Client>)"},
     {"contextmenu", R"(<BackgroundColor>$field</BackgroundColor>$border$font
         <HighlightColor>$selected</HighlightColor>
-        <ItemTexture Filename="#fill" ColorMask="$field"/>
-        <HighlightItemTexture Filename="#fill" ColorMask="$selected"/>
-        <SubmenuTexture Filename="#fill" ColorMask="$field"/>
-        <HighlightSubmenuTexture Filename="#fill" ColorMask="$selected"/>
-        <ItemCheckTexture Filename="#fill" ColorMask="$accent"/>)"},
+        <ItemTexture Filename="#look-row"><Border>2</Border></ItemTexture>
+        <HighlightItemTexture Filename="#look-row-lit"><Border>2</Border></HighlightItemTexture>
+        <SubmenuTexture Filename="#look-row"><Border>2</Border></SubmenuTexture>
+        <HighlightSubmenuTexture Filename="#look-row-lit"><Border>2</Border></HighlightSubmenuTexture>
+        <SeparatorTexture Filename="#look-rule"/><ItemCheckTexture Filename="#look-tick"/>)"},
 };
 
 const unsigned kTemplateCount = sizeof(kTemplates) / sizeof(kTemplates[0]);
@@ -242,7 +264,7 @@ bool DefaultLook::Load(TavukitModule& module, std::string& error) {
 
 namespace {
 
-enum class Mark { None, Tick, Up, Down, Band };
+enum class Mark { None, Tick, Up, Down, Right, Band, Dot, Rule };
 
 // Each picture: a face within a one-pixel line (none when the line is 0), and a mark on it.
 const struct {
@@ -252,6 +274,12 @@ const struct {
     const char* Line;
     Mark Sign;
 } kPictures[] = {
+    {"#look-button", 12, 12, "face", "line", Mark::None},
+    {"#look-button-hover", 12, 12, "hover", "line", Mark::None},
+    {"#look-button-pressed", 12, 12, "pressed", "line", Mark::None},
+    {"#look-row", 10, 10, "field", "", Mark::None}, // a menu's rows: their frame moves text in
+    {"#look-row-lit", 10, 10, "selected", "", Mark::None},
+    {"#look-rule", 10, 9, "", "", Mark::Rule},
     {"#look-box", 14, 14, "field", "line", Mark::None},
     {"#look-box-hover", 14, 14, "field", "accent", Mark::None},
     {"#look-box-pressed", 14, 14, "pressed", "accent", Mark::None},
@@ -270,6 +298,11 @@ const struct {
     {"#look-trough", 8, 8, "track", "line", Mark::None},
     {"#look-bar", 8, 8, "accent", "", Mark::None},
     {"#look-track", 16, 16, "", "", Mark::Band},
+    // A tree's nodes, open, closed and a leaf: as high as a row, since a tree
+    // draws an image lower than its row cut short at the bottom.
+    {"#look-open", 18, 18, "", "", Mark::Down},
+    {"#look-shut", 18, 18, "", "", Mark::Right},
+    {"#look-leaf", 18, 18, "", "", Mark::Dot},
 };
 
 void Put(Image& picture, int x, int y, uint32_t colour) {
@@ -288,14 +321,31 @@ void DrawTick(Image& picture) {
             Put(picture, 6 + step, 9 - step + thick, white);
 }
 
-// A small triangle in the ink colour, centred, pointing up or down.
-void DrawArrow(Image& picture, bool up) {
-    int middle = picture.Width / 2, top = picture.Height / 2 - 2;
-    for (int row = 0; row < 4; ++row) {
-        int half = up ? row : 3 - row;
-        for (int x = middle - half - 1; x <= middle + half; ++x)
-            Put(picture, x, top + row, Colour("ink"));
+// A small triangle in the ink colour, centred, pointing up, down or right.
+void DrawArrow(Image& picture, Mark way) {
+    int middleX = picture.Width / 2, middleY = picture.Height / 2;
+    for (int step = 0; step < 4; ++step) {
+        int half = way == Mark::Up ? step : 3 - step;
+        for (int across = -half - 1; across <= half; ++across) {
+            if (way == Mark::Right)
+                Put(picture, middleX - 2 + step, middleY + across, Colour("ink"));
+            else
+                Put(picture, middleX + across, middleY - 2 + step, Colour("ink"));
+        }
     }
+}
+
+// A menu's separator: a line across the middle.
+void DrawRule(Image& picture) {
+    for (int x = 0; x < picture.Width; ++x)
+        Put(picture, x, picture.Height / 2, Colour("line"));
+}
+
+// A small square in the line colour, centred.
+void DrawDot(Image& picture) {
+    for (int y = picture.Height / 2 - 2; y < picture.Height / 2 + 2; ++y)
+        for (int x = picture.Width / 2 - 2; x < picture.Width / 2 + 2; ++x)
+            Put(picture, x, y, Colour("line"));
 }
 
 // A slider's track: a thin band across the middle, the rest see-through.
@@ -321,8 +371,10 @@ bool DefaultLook::Picture(const char* name, Image& picture) {
         for (int y = 0; line && y < row.Height; ++y)
             Put(picture, 0, y, line), Put(picture, row.Width - 1, y, line);
         if (row.Sign == Mark::Tick) DrawTick(picture);
-        if (row.Sign == Mark::Up || row.Sign == Mark::Down)
-            DrawArrow(picture, row.Sign == Mark::Up);
+        if (row.Sign == Mark::Up || row.Sign == Mark::Down || row.Sign == Mark::Right)
+            DrawArrow(picture, row.Sign);
+        if (row.Sign == Mark::Dot) DrawDot(picture);
+        if (row.Sign == Mark::Rule) DrawRule(picture);
         if (row.Sign == Mark::Band) DrawBand(picture);
         return true;
     }

@@ -277,7 +277,9 @@ const TypeRow kTypes[] = {
      "OffsetTitleBarWidth Font",
      "A window with a message and buttons."},
     {"scriptmessagebox", "messagebox", "", "A message box that runs script on an answer."},
-    {"scriptinputbox", "window", "OffsetTitleBarHeight OffsetTitleBarWidth Font",
+    {"scriptinputbox", "window",
+     "OffsetTitleBarHeight OffsetTitleBarWidth Font OKColor CancelColor OKTexture OKTextureHover "
+     "OKTexturePressed CancelTexture CancelTextureHover CancelTexturePressed",
      "A window that asks for a line of text."},
     {"tooltip", "frame", "Font", "The tip shown while the pointer rests."},
     {"contextmenu", "frame",
