@@ -36,30 +36,16 @@ const struct {
     // A framed picture for each state, so that hover and press show. Message
     // and input boxes draw their buttons with a border of 5 whatever the
     // template says, so every button is drawn in nine cells of 5 pixels, which
-    // keeps its line one pixel wide in both.
-    {"buttonfaces", R"(<Texture Filename="#look-button"><Border>5</Border></Texture>
-        <TextureHover Filename="#look-button-hover"><Border>5</Border></TextureHover>
-        <TexturePressed Filename="#look-button-pressed"><Border>5</Border></TexturePressed>)"},
+    // keeps its line one pixel wide in both. $buttonfaces(OK) gives the keys
+    // of a box's OK button (OKTexture, ...).
+    {"buttonfaces", R"(<@Texture Filename="#look-button"><Border>5</Border></@Texture>
+        <@TextureHover Filename="#look-button-hover"><Border>5</Border></@TextureHover>
+        <@TexturePressed Filename="#look-button-pressed"><Border>5</Border></@TexturePressed>)"},
     {"button", R"(<Height>24</Height><Border>5</Border><BorderColor>$line</BorderColor>$font
         <BackgroundColor>$face</BackgroundColor>$buttonfaces)"},
-    // The buttons of message and input boxes: their captions, and the same
-    // faces as every button's.
-    {"okcancel", R"(<OKColor>$ink</OKColor>
-        <OKTexture Filename="#look-button"><Border>5</Border></OKTexture>
-        <OKTextureHover Filename="#look-button-hover"><Border>5</Border></OKTextureHover>
-        <OKTexturePressed Filename="#look-button-pressed"><Border>5</Border></OKTexturePressed>
-        <CancelColor>$ink</CancelColor>
-        <CancelTexture Filename="#look-button"><Border>5</Border></CancelTexture>
-        <CancelTextureHover Filename="#look-button-hover"><Border>5</Border></CancelTextureHover>
-        <CancelTexturePressed Filename="#look-button-pressed"><Border>5</Border></CancelTexturePressed>)"},
-    {"yesno", R"(<YesColor>$ink</YesColor>
-        <YesTexture Filename="#look-button"><Border>5</Border></YesTexture>
-        <YesTextureHover Filename="#look-button-hover"><Border>5</Border></YesTextureHover>
-        <YesTexturePressed Filename="#look-button-pressed"><Border>5</Border></YesTexturePressed>
-        <NoColor>$ink</NoColor>
-        <NoTexture Filename="#look-button"><Border>5</Border></NoTexture>
-        <NoTextureHover Filename="#look-button-hover"><Border>5</Border></NoTextureHover>
-        <NoTexturePressed Filename="#look-button-pressed"><Border>5</Border></NoTexturePressed>)"},
+    {"okcancel", "<OKColor>$ink</OKColor><CancelColor>$ink</CancelColor>"
+                 "$buttonfaces(OK)$buttonfaces(Cancel)"},
+    {"yesno", "<YesColor>$ink</YesColor><NoColor>$ink</NoColor>$buttonfaces(Yes)$buttonfaces(No)"},
     // A framed box left of the caption; ticked, a white tick on blue.
     {"checkbox", R"(<Height>18</Height>$font
         <Texture Filename="#look-box"/><TextureHover Filename="#look-box-hover"/>
@@ -202,16 +188,23 @@ bool IsWordCharacter(char c) {
     return c >= 'a' && c <= 'z';
 }
 
-// Puts each $word's text in its place; words hold words, never in a circle.
-void Expand(const char* text, std::string& out) {
+// Puts each $word's text in its place, and in it each '@' by the word's
+// argument, as in $word(OK); words hold words, never in a circle.
+void Expand(const char* text, const std::string& argument, std::string& out) {
     while (*text) {
         const char* end = text + 1;
         while (*text == '$' && IsWordCharacter(*end))
             ++end;
         const char* word = *text == '$' ? Word(text + 1, size_t(end - text - 1)) : nullptr;
         if (word) {
-            Expand(word, out);
-            text = end;
+            std::string inner;
+            const char* close = *end == '(' ? strchr(end, ')') : nullptr;
+            if (close) inner.assign(end + 1, close);
+            Expand(word, inner, out);
+            text = close ? close + 1 : end;
+        } else if (*text == '@') {
+            out += argument;
+            ++text;
         } else {
             out += *text++;
         }
@@ -234,7 +227,7 @@ const DefaultLookTemplate& DefaultLook::At(unsigned index) {
 
 std::string DefaultLook::Text(const DefaultLookTemplate& entry) {
     std::string text = "<Template>";
-    Expand(entry.Keys, text);
+    Expand(entry.Keys, "", text);
     return text + "</Template>";
 }
 
