@@ -57,7 +57,8 @@ TEST(DefaultLook, TemplatesReadCleanly) {
         ASSERT_TRUE(root) << entry.Name;
         EXPECT_EQ(root->Name, "Template");
         EXPECT_EQ(root->Child("Children"), nullptr) << entry.Name << " would replace a node's";
-        EXPECT_EQ(text.find_first_of("$@"), std::string::npos) << entry.Name << ": a word left over";
+        EXPECT_EQ(text.find_first_of("$@"), std::string::npos)
+            << entry.Name << ": a word left over";
         ExpectPicturesMade(*root, entry.Name);
         file += "<Template name=\"" + std::string(entry.Name) + "\"" + text.substr(9) + "\n";
     }
