@@ -1,7 +1,9 @@
 #include "HeadlessHost.h"
 
+#include "DefaultLook.h"
 #include "ElementAccess.h"
 #include "HostText.h"
+#include "ImageFile.h"
 #include "ImageSize.h"
 #include "KeyNames.h"
 #include "NativePath.h"
@@ -674,9 +676,27 @@ bool HeadlessHost::GetDisplaySize(uint64_t* width, uint64_t* height) {
 }
 
 // An empty name is a texture without an image: a fill in its colour mask.
+// A name of the default look's pictures ("#look-tick", ...) is that picture.
 // Any other is a file, as named or in the search folders. With a renderer the
 // image must also decode, or the texture is refused.
 unsigned HeadlessHost::AcquireTexture(const char* file, unsigned colorKey) {
+    unsigned texture = AcquirePicture(file);
+    if (!texture) texture = AcquireFile(file, colorKey);
+    Trace.Write("AcquireTexture", {TraceWriter::Text(file), TraceWriter::Hex(colorKey), "->",
+                                   TraceWriter::Int(texture)});
+    return texture;
+}
+
+// Made here, never looked for on disk; 0 for a name that is no picture of the look.
+unsigned HeadlessHost::AcquirePicture(const char* name) {
+    Image picture;
+    if (!DefaultLook::Picture(name, picture)) return 0;
+    Textures[NextTexture] = Texture{"", true, _Point2i{picture.Width, picture.Height}};
+    if (Renderer) Renderer->LoadPicture(NextTexture, std::move(picture));
+    return NextTexture++;
+}
+
+unsigned HeadlessHost::AcquireFile(const char* file, unsigned colorKey) {
     char path[TAVU_TEXTURE_PATH_BUFFER];
     unsigned texture = 0;
     Texture entry;
@@ -700,8 +720,6 @@ unsigned HeadlessHost::AcquireTexture(const char* file, unsigned colorKey) {
         texture = NextTexture++;
         Textures[texture] = entry;
     }
-    Trace.Write("AcquireTexture", {TraceWriter::Text(file), TraceWriter::Hex(colorKey), "->",
-                                   TraceWriter::Int(texture)});
     return texture;
 }
 

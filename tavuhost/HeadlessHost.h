@@ -163,6 +163,8 @@ private:
     int CopyFileCommand(int argc, char* argv[]);
 
     bool FindFile(const char* name, char* output, size_t size, bool isInterface);
+    unsigned AcquirePicture(const char* name);
+    unsigned AcquireFile(const char* file, unsigned colorKey);
     HostInput& Input() { return InputRoute ? *InputRoute : *this; }
     std::string Describe(const _RXTypeVar* value);
     std::string Arguments(int argc, char* argv[]);

@@ -31,6 +31,10 @@ const char* HostOptions::Usage() {
            "  --window        show the interface in a window to click and type into\n"
            "                  (F12 there opens the inspector)\n"
            "  --watch         reload the interface when a file of it changes on disk\n"
+           "  --default-look  dress the interface in tavuhost's plain templates also in a\n"
+           "                  run that paints nothing (painted runs wear them already)\n"
+           "  --no-default-look\n"
+           "                  leave the interface as its files describe it\n"
            "  --lint          check the files and report each problem as\n"
            "                  file:line:column: message (exit status 1 when any)\n"
            "  --schema        write an XSD of interface files to standard output\n"
@@ -75,13 +79,16 @@ bool HostOptions::Parse(int argc, char* argv[]) {
             continue;
         }
         if (word == "--help" || word == "-h" || word == "--render" || word == "--window" ||
-            word == "--watch" || word == "--lint" || word == "--schema") {
+            word == "--watch" || word == "--lint" || word == "--schema" ||
+            word == "--default-look" || word == "--no-default-look") {
             Help = Help || word == "--help" || word == "-h";
             Render = Render || word == "--render";
             Window = Window || word == "--window";
             Watch = Watch || word == "--watch";
             Lint = Lint || word == "--lint";
             Schema = Schema || word == "--schema";
+            DefaultLook = DefaultLook || word == "--default-look";
+            NoDefaultLook = NoDefaultLook || word == "--no-default-look";
             continue;
         }
         static const char* const withValue[] = {"--size",  "--prefix", "--path",

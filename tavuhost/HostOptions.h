@@ -4,7 +4,9 @@
 // --frames N, --trace FILE (or - for standard output), --module FILE, and
 // --render, --png FILE and --window, which paint the frames, and --watch,
 // which reloads the interface when its files change, --lint, which only
-// checks the files, and --schema, which writes the files' XSD.
+// checks the files, --schema, which writes the files' XSD, and
+// --default-look and --no-default-look, which choose whether tavuhost's own
+// templates dress the interface.
 #pragma once
 
 #include <cstdint>
@@ -31,14 +33,19 @@ public:
     std::string Png;     // the last frame is written here
     bool Render = false; // paint frames even without --png or --window
     bool Window = false;
-    bool Watch = false;  // reload the interface when one of its files changes
-    bool Lint = false;   // check the files and report, running nothing
-    bool Schema = false; // write the schema of interface files and stop
+    bool Watch = false;         // reload the interface when one of its files changes
+    bool Lint = false;          // check the files and report, running nothing
+    bool Schema = false;        // write the schema of interface files and stop
+    bool DefaultLook = false;   // load tavuhost's templates even in a run that paints nothing
+    bool NoDefaultLook = false; // load them not even in a run that paints
     bool Help = false;
 
     // Frames are painted (real fonts, decoded textures) only when asked for,
     // so that the output of a plain run never depends on the fonts installed.
     bool Renders() const { return Render || Window || !Png.empty(); }
+    // The default look dresses every painted run, and a headless one only on
+    // request, so that traces and output stay those of a plain host.
+    bool UsesDefaultLook() const { return !NoDefaultLook && (DefaultLook || Renders()); }
 
 private:
     bool Fail(const std::string& message);

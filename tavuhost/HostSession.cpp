@@ -1,5 +1,6 @@
 #include "HostSession.h"
 
+#include "DefaultLook.h"
 #include "HostText.h"
 #include "Linter.h"
 #include "SchemaWriter.h"
@@ -67,7 +68,11 @@ void HostSession::ConnectTools() {
     Host.SetEventListener(
         [this](TAVUElement* element, unsigned atom) { Inspect.EventStarted(element, atom); });
     if (Options.Window) Inspect.Arm();
-    if (Options.Watch) Live = std::make_unique<LiveReload>(Module, Engine, Options.Files);
+    if (Options.Watch) {
+        Live = std::make_unique<LiveReload>(Module, Engine, Options.Files);
+        // A reload forgets every template: the look comes back before the files.
+        if (Options.UsesDefaultLook()) Live->SetBeforeFiles([this] { LoadDefaultLook(); });
+    }
     Host.SetFileListener([this](const std::string& path, bool isInterface) {
         if (isInterface) Inspect.InterfaceLoaded(path);
         if (Live) Live->Watch(path, isInterface);
@@ -149,7 +154,16 @@ bool HostSession::LoadModule() {
     return true;
 }
 
+// Before the files, so that a file's template of the same name replaces ours.
+bool HostSession::LoadDefaultLook() {
+    std::string error;
+    if (DefaultLook::Load(Module, error)) return true;
+    fprintf(stderr, "tavuhost: %s\n", error.c_str());
+    return false;
+}
+
 bool HostSession::LoadFiles() {
+    if (Options.UsesDefaultLook()) LoadDefaultLook();
     if (!Options.Files.empty()) Host.KeepPositionsBeside(Options.Files.front());
     bool loaded = true;
     for (const std::string& file : Options.Files)

@@ -45,6 +45,7 @@ private:
     bool LoadModule();
     static std::string BesideProgram(const std::string& fileName);
     static std::string ElementModulePath(const std::string& name);
+    bool LoadDefaultLook();
     bool LoadFiles();
     void RunCommands();
     ScriptInstance* LoadScript();

@@ -61,6 +61,7 @@ void LiveReload::Reload() {
     Reloading = true;
     Refused.clear();
     std::string failed;
+    if (BeforeFiles) BeforeFiles();
     for (const std::string& file : Files)
         if (!Module.LoadInterfaceXML(file.c_str()) && failed.empty()) failed = file;
     Reloading = false;

@@ -7,6 +7,7 @@
 
 #include "FileWatch.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,8 @@ class LiveReload {
 public:
     LiveReload(TavukitModule& module, ScriptEngine& engine, const std::vector<std::string>& files);
 
+    // Runs after the interface is cleared and before its files load again.
+    void SetBeforeFiles(std::function<void()> before) { BeforeFiles = std::move(before); }
     // A file that the host found for the interface (an interface file, or a texture).
     void Watch(const std::string& path, bool isInterface);
     // Reloads when a watched file changed since the last call; true when it did.
@@ -41,4 +44,5 @@ private:
     std::string ProblemText;
     bool Reloading = false;
     std::string Refused; // the toolkit's own word on a file it could not load
+    std::function<void()> BeforeFiles;
 };

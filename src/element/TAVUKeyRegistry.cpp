@@ -77,6 +77,12 @@ const TAVUKeyInfo kKeys[] = {
     {"RightTexture", TAVUKeyTexture, "The right scroll button's texture."},
     {"RightPressedTexture", TAVUKeyTexture, "The right scroll button's texture while pressed."},
     {"RightHoverTexture", TAVUKeyTexture, "The right scroll button's texture under the pointer."},
+    {"ItemTexture", TAVUKeyTexture, "The row of a menu item."},
+    {"HighlightItemTexture", TAVUKeyTexture, "The row of the menu item under the pointer."},
+    {"SubmenuTexture", TAVUKeyTexture, "The row that opens a submenu."},
+    {"HighlightSubmenuTexture", TAVUKeyTexture, "The row that opens a submenu, under the pointer."},
+    {"SeparatorTexture", TAVUKeyTexture, "The row of a separator."},
+    {"ItemCheckTexture", TAVUKeyTexture, "The check mark of a checked menu item."},
     {"ImageTexture", TAVUKeyTexture, "The image beside a leaf node."},
     {"ImageTextureCollapsible", TAVUKeyTexture, "The image beside an open node."},
     {"ImageTextureCollapsed", TAVUKeyTexture, "The image beside a closed node."},
@@ -271,10 +277,15 @@ const TypeRow kTypes[] = {
      "OffsetTitleBarWidth Font",
      "A window with a message and buttons."},
     {"scriptmessagebox", "messagebox", "", "A message box that runs script on an answer."},
-    {"scriptinputbox", "window", "OffsetTitleBarHeight OffsetTitleBarWidth Font",
+    {"scriptinputbox", "window",
+     "OffsetTitleBarHeight OffsetTitleBarWidth Font OKColor CancelColor OKTexture OKTextureHover "
+     "OKTexturePressed CancelTexture CancelTextureHover CancelTexturePressed",
      "A window that asks for a line of text."},
     {"tooltip", "frame", "Font", "The tip shown while the pointer rests."},
-    {"contextmenu", "frame", "Font HighlightColor", "A menu opened on a click."},
+    {"contextmenu", "frame",
+     "Font HighlightColor ItemTexture HighlightItemTexture SubmenuTexture "
+     "HighlightSubmenuTexture SeparatorTexture ItemCheckTexture",
+     "A menu opened on a click."},
 };
 
 const unsigned kTypeCount = sizeof(kTypes) / sizeof(kTypes[0]);

@@ -116,6 +116,12 @@ bool SoftwareRenderer::LoadTexture(unsigned handle, const std::string& path, uin
     return true;
 }
 
+void SoftwareRenderer::LoadPicture(unsigned handle, Image picture) {
+    Texture texture;
+    texture.Picture = std::move(picture);
+    Textures[handle] = std::move(texture);
+}
+
 bool SoftwareRenderer::TextureSize(unsigned handle, int& width, int& height) const {
     auto found = Textures.find(handle);
     if (found == Textures.end() || found->second.Fill) return false;

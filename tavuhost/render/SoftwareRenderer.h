@@ -50,6 +50,8 @@ public:
     // reason, when the image cannot be read; the handle then stays unknown.
     bool LoadTexture(unsigned handle, const std::string& path, uint32_t colorKey,
                      std::string& error);
+    // A texture from pixels the host made itself.
+    void LoadPicture(unsigned handle, Image picture);
     bool TextureSize(unsigned handle, int& width, int& height) const;
     void ReleaseTexture(unsigned handle) { Textures.erase(handle); }
 
