@@ -28,9 +28,10 @@ bool HasTemplate(const char* type) {
 void ExpectPicturesMade(const LintElement& node, const char* type) {
     const LintAttribute* file = node.Attribute("Filename");
     Image picture;
-    if (file && file->Value != "#fill")
+    if (file && file->Value != "#fill") {
         EXPECT_TRUE(DefaultLook::Picture(file->Value.c_str(), picture) && picture.Width > 0)
             << type << ": " << file->Value;
+    }
     for (const auto& child : node.Children)
         ExpectPicturesMade(*child, type);
 }
@@ -68,7 +69,7 @@ TEST(DefaultLook, TemplatesReadCleanly) {
     fputs((file + "</TAVU>\n").c_str(), out);
     fclose(out);
     std::vector<std::string> problems;
-    Linter linter(*TavuKeyRegistry(), {}, "TAVU",
+    Linter linter(*TavuKeyRegistry(), {}, "TAVU", nullptr,
                   [&](const std::string& line) { problems.push_back(line); });
     linter.Run({path});
     std::remove(path.c_str());
