@@ -38,6 +38,20 @@ const char kColorCode = 7;
 // The bytes of a sibling asked for ahead of its drawing.
 const size_t kPrefetchedBytes = 512;
 
+// A frame walks thousands of elements that each live in their own allocation,
+// and waiting for each one's memory was most of the walk. While one child
+// draws, the sibling after next is asked for; the next one was asked for a
+// step earlier, so its link is at hand. The lines asked for cover the
+// element's own fields and the first fields of a control. Only hints: they
+// change nothing.
+void PrefetchForRender(const TAVUElement* child) {
+    const TAVUElement* next = child->Next;
+    if (!next || !next->Next) return;
+    const char* bytes = reinterpret_cast<const char*>(next->Next);
+    for (size_t line = 0; line < kPrefetchedBytes; line += 64)
+        PrefetchLine(bytes + line);
+}
+
 // The bytes a colour code at text[0] (the byte 7) takes, never past the text's
 // end: two, three for a dash form ("\a-r") and eight for a hash form, whatever
 // the letter is.
@@ -176,20 +190,6 @@ void TAVUElement::Render() {
 // AutoTooltip text once the pointer has rested on it for TooltipDelay.
 void TAVUElement::ShowAutoTooltip() {
     TAVUTooltip::UpdateAutoTooltip(this);
-}
-
-// A frame walks thousands of elements that each live in their own allocation,
-// and waiting for each one's memory was most of the walk. While one child
-// draws, the sibling after next is asked for; the next one was asked for a
-// step earlier, so its link is at hand. The lines asked for cover the
-// element's own fields and the first fields of a control. Only hints: they
-// change nothing.
-void TAVUElement::PrefetchForRender(const TAVUElement* child) {
-    const TAVUElement* next = child->Next;
-    if (!next || !next->Next) return;
-    const char* bytes = reinterpret_cast<const char*>(next->Next);
-    for (size_t line = 0; line < kPrefetchedBytes; line += 64)
-        PrefetchLine(bytes + line);
 }
 
 // Bottom to top. A script may delete anything while it runs, so each child is

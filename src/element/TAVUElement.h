@@ -242,7 +242,6 @@ private:
     void FillTextureRecord(TAVUDrawRecord& record, TAVUTexture* texture);
     int RightEdge() const;
     void ShowAutoTooltip();
-    static void PrefetchForRender(const TAVUElement* child);
     static void SetLineEnds(TAVUDrawRecord& record, const _Line& line);
     static void DrawLineRecords(TAVUDrawRecord& record, _Line* lines, unsigned count,
                                 unsigned width);
