@@ -3,7 +3,6 @@
 #include "CUIManager.h"
 #include "Module.h"
 #include "NumberHelpers.h"
-#include "Prefetch.h"
 #include "StringHelpers.h"
 #include "TAVUElementDeleter.h"
 #include "TAVUElementFactory.h"
@@ -34,23 +33,6 @@ bool StillExists(unsigned id, unsigned destroyedBefore) {
     return TAVUElementWatch::Destroyed == destroyedBefore || g_UIManager.FindElementByID(id);
 }
 const char kColorCode = 7;
-
-// The bytes of a sibling asked for ahead of its drawing.
-const size_t kPrefetchedBytes = 512;
-
-// A frame walks thousands of elements that each live in their own allocation,
-// and waiting for each one's memory was most of the walk. While one child
-// draws, the sibling after next is asked for; the next one was asked for a
-// step earlier, so its link is at hand. The lines asked for cover the
-// element's own fields and the first fields of a control. Only hints: they
-// change nothing.
-void PrefetchForRender(const TAVUElement* child) {
-    const TAVUElement* next = child->Next;
-    if (!next || !next->Next) return;
-    const char* bytes = reinterpret_cast<const char*>(next->Next);
-    for (size_t line = 0; line < kPrefetchedBytes; line += 64)
-        PrefetchLine(bytes + line);
-}
 
 // The bytes a colour code at text[0] (the byte 7) takes, never past the text's
 // end: two, three for a dash form ("\a-r") and eight for a hash form, whatever
@@ -197,7 +179,6 @@ void TAVUElement::ShowAutoTooltip() {
 // gone ends this level's walk, since its sibling links may be stale.
 void TAVUElement::RenderChildren() {
     for (TAVUElement* child = FirstChild; child;) {
-        PrefetchForRender(child);
         _Point2i position{WrapAdd(AbsolutePosition.x, child->X),
                           WrapAdd(AbsolutePosition.y, child->Y)};
         if (!child->Visible) {

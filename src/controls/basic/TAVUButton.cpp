@@ -2,7 +2,6 @@
 
 #include "CUIManager.h"
 #include "NumberHelpers.h"
-#include "Prefetch.h"
 #include "StringHelpers.h"
 #include "TAVUControlHelpers.h"
 #include "TAVUFactory.h"
@@ -79,7 +78,6 @@ TAVUTexture* TAVUButton::ChooseTexture() {
 }
 
 void TAVUButton::Render() {
-    PrefetchLine(Font); // its own allocation, read once the texture is drawn
     tagRECT rect = TAVUControlHelpers::ScreenRect(this);
     if (TAVUTexture* texture = ChooseTexture())
         TAVUControlHelpers::DrawTexture(this, rect, texture, Border, BorderColor);

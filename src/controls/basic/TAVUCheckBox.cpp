@@ -1,7 +1,6 @@
 #include "TAVUCheckBox.h"
 
 #include "NumberHelpers.h"
-#include "Prefetch.h"
 #include "StringHelpers.h"
 #include "TAVUControlHelpers.h"
 #include "TAVUElementWatch.h"
@@ -74,7 +73,6 @@ TAVUTexture* TAVUCheckBox::ChooseTexture() {
 // The box sits at the left, centred in the height, as large as its texture;
 // a box taller than the element is squeezed to the element's height.
 void TAVUCheckBox::Render() {
-    PrefetchLine(Font); // its own allocation, read once the box is drawn
     TAVUTexture* texture = ChooseTexture();
     int side = DefaultBoxSide;
     if (texture && texture->GetSize()) side = WrapSubtract(texture->Bottom, texture->Top);
