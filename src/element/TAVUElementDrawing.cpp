@@ -200,32 +200,42 @@ bool TAVUElement::TexturedRectBordered(tagRECT& rect, TAVUTexture* texture, unsi
     SplitSpan(rect.top, rect.bottom, LONG(width), rows);
     SplitSpan(texture->Left, texture->Right, LONG(texture->Border), sourceColumns);
     SplitSpan(texture->Top, texture->Bottom, LONG(texture->Border), sourceRows);
-    TAVUTexturedRect cells[9];
+    // The cells share the texture's part of the record; only the two
+    // rectangles differ from cell to cell.
+    TAVUDrawRecord cells[9];
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column) {
             int sourceColumn = 0, sourceRow = 0;
             SourceCell(texture->Orientation, column, row, sourceColumn, sourceRow);
-            TAVUTexturedRect& cell = cells[row * 3 + column];
-            cell.Texture = texture;
-            cell.Rect = {columns[column], rows[row], columns[column + 1], rows[row + 1]};
-            cell.Flags = record.Flags;
-            cell.TextureRect = {sourceColumns[sourceColumn], sourceRows[sourceRow],
-                                sourceColumns[sourceColumn + 1], sourceRows[sourceRow + 1]};
-            cell.Alpha = record.Alpha;
-            cell.ColorMask = record.ColorMask;
-            cell.Orientation = record.Orientation;
+            TAVUDrawRecord& cell = cells[row * 3 + column];
+            cell = record;
+            cell.Left = columns[column];
+            cell.Top = rows[row];
+            cell.Right = columns[column + 1];
+            cell.Bottom = rows[row + 1];
+            cell.TextureLeft = sourceColumns[sourceColumn];
+            cell.TextureTop = sourceRows[sourceRow];
+            cell.TextureRight = sourceColumns[sourceColumn + 1];
+            cell.TextureBottom = sourceRows[sourceRow + 1];
         }
     }
-    return TexturedRects(9, cells);
+    return g_pHost->TexturedRects(9, cells);
 }
 
-// The one allocation of a frame: the batch's records, freed after the call.
+namespace {
+// A batch up to this size goes to the host from the stack; only a larger one
+// is allocated, and freed after the call.
+constexpr unsigned kStackBatch = 16;
+} // namespace
+
 bool TAVUElement::TexturedRects(unsigned count, TAVUTexturedRect* rects) {
     if (!rects) return false;
     if (count == 0) return true;
     for (unsigned i = 0; i < count; ++i)
         if (!rects[i].Texture || !rects[i].Texture->Prepare()) return false;
-    TAVUDrawRecord* records = new (std::nothrow) TAVUDrawRecord[count];
+    TAVUDrawRecord onStack[kStackBatch];
+    TAVUDrawRecord* records =
+        count <= kStackBatch ? onStack : new (std::nothrow) TAVUDrawRecord[count];
     if (!records) return false;
     for (unsigned i = 0; i < count; ++i) {
         const TAVUTexturedRect& entry = rects[i];
@@ -246,7 +256,7 @@ bool TAVUElement::TexturedRects(unsigned count, TAVUTexturedRect* rects) {
         record.Orientation = entry.Orientation;
     }
     bool result = g_pHost->TexturedRects(count, records);
-    delete[] records;
+    if (records != onStack) delete[] records;
     return result;
 }
 

@@ -86,8 +86,8 @@ void TAVUButton::Render() {
     else
         FillRect(rect, BackgroundColor);
     if (Text.Text && Text.Text[0]) {
-        char caption[TAVUControlHelpers::TextBufferSize] = {0};
-        Text.RetrieveProcessedText(caption, sizeof(caption));
+        char caption[TAVUControlHelpers::TextBufferSize];
+        TAVUControlHelpers::RetrieveCaption(Text, caption);
         DrawTextCenter(Font, caption, AbsolutePosition.x,
                        TAVUControlHelpers::CaptionTop(this, Font));
     }

@@ -86,8 +86,8 @@ void TAVUCheckBox::Render() {
         TexturedRect(box, texture);
     }
     if (Text.Text && Text.Text[0]) {
-        char caption[TAVUControlHelpers::TextBufferSize] = {0};
-        Text.RetrieveProcessedText(caption, sizeof(caption));
+        char caption[TAVUControlHelpers::TextBufferSize];
+        TAVUControlHelpers::RetrieveCaption(Text, caption);
         int textX = WrapAdd(x, (squeezed ? Height : side) + CaptionGap);
         DrawText(Font, caption, textX, TAVUControlHelpers::CaptionTop(this, Font));
     }

@@ -6,6 +6,7 @@
 #include "StringHelpers.h"
 #include "TAVUConsoleSelector.h"
 #include "TAVUFont.h"
+#include "TAVUPreParse.h"
 #include "TAVUElement.h"
 #include "TAVUScrollBar.h"
 #include "TAVUTexture.h"
@@ -101,6 +102,12 @@ void TAVUControlHelpers::RunCommand(const char* command, const char* console) {
 int TAVUControlHelpers::CaptionTop(const TAVUElement* element, const TAVUFont* font) {
     unsigned fontHeight = font ? font->Height : 0;
     return WrapAdd(int((unsigned(element->Height) - fontHeight) >> 1), element->AbsolutePosition.y);
+}
+
+void TAVUControlHelpers::RetrieveCaption(TAVUPreParse& text, char* buffer) {
+    buffer[0] = 0;
+    text.RetrieveProcessedText(buffer, TextBufferSize);
+    buffer[TextBufferSize - 1] = 0;
 }
 
 void TAVUControlHelpers::ReplaceText(char*& field, const char* text) {
