@@ -30,6 +30,31 @@ TEST_F(ScriptTypes, ShutdownLeavesNoTypePointerDangling) {
     EXPECT_EQ(pTAVUElementType, nullptr);
 }
 
+// A script reaches an object only through a member that found one, so no
+// script asks a name of no object; the toolkit's own callers can. Every name
+// of every type refuses it, with no arguments and with many: the tavuhost
+// cases that walk the tables (NAME_members) cover the live objects.
+TEST_F(ScriptTypes, EveryNameOfEveryTypeRefusesNoObject) {
+    const std::vector<std::string> many(8, "1");
+    for (const TAVUScriptTypeSlot& slot : g_TAVUScriptTypes) {
+        RXTypeDefinition* type = *slot.Global;
+        // A texture is handed to a script only by a member that found one.
+        if (!type || type == pTAVUTextureType) continue;
+        for (CIndex<_RXTypeMember*>* table : {&type->Members, &type->Methods})
+            for (unsigned place = 0; place < table->GetSize(); ++place) {
+                _RXTypeMember* record = table->Get(place);
+                if (!record) continue;
+                for (const auto& args : {std::vector<std::string>{}, many}) {
+                    bool isMember = table == &type->Members;
+                    int answer = isMember ? Member(type, nullptr, record->Name, args)
+                                          : Method(type, nullptr, record->Name, args);
+                    EXPECT_EQ(answer, 0) << slot.Name << (isMember ? "." : ":") << record->Name
+                                         << " with " << args.size() << " arguments";
+                }
+            }
+    }
+}
+
 // Versions, element members and methods read or driven one at a time are
 // checked end to end by tavuhost's elements case; these are the rest.
 TEST_F(ScriptTypes, TheToolkitObjectAnswersWhatItKnowsAndNoMore) {
