@@ -23,6 +23,7 @@ const char* HostOptions::Usage() {
            "  --script FILE   run FILE as a script\n"
            "  --frames N      frames to render at the end (default 1)\n"
            "  --trace FILE    write every call into the host to FILE (- for standard output)\n"
+           "  --trace-run     leave the toolkit's start-up and shutdown out of the trace\n"
            "  --module NAME   load a module of element types after the toolkit (a name such\n"
            "                  as colorswatch, or a path; repeatable)\n"
            "  --render        paint every frame with real fonts and textures\n"
@@ -75,13 +76,14 @@ bool HostOptions::Parse(int argc, char* argv[]) {
             continue;
         }
         if (word == "--help" || word == "-h" || word == "--render" || word == "--window" ||
-            word == "--watch" || word == "--lint" || word == "--schema") {
+            word == "--watch" || word == "--lint" || word == "--schema" || word == "--trace-run") {
             Help = Help || word == "--help" || word == "-h";
             Render = Render || word == "--render";
             Window = Window || word == "--window";
             Watch = Watch || word == "--watch";
             Lint = Lint || word == "--lint";
             Schema = Schema || word == "--schema";
+            TraceRunOnly = TraceRunOnly || word == "--trace-run";
             continue;
         }
         static const char* const withValue[] = {"--size",  "--prefix", "--path",
