@@ -23,6 +23,7 @@ const char* HostOptions::Usage() {
            "  --script FILE   run FILE as a script\n"
            "  --frames N      frames to render at the end (default 1)\n"
            "  --trace FILE    write every call into the host to FILE (- for standard output)\n"
+           "  --trace-run     leave the toolkit's start-up and shutdown out of the trace\n"
            "  --module NAME   load a module of element types after the toolkit (a name such\n"
            "                  as colorswatch, or a path; repeatable)\n"
            "  --render        paint every frame with real fonts and textures\n"
@@ -80,7 +81,7 @@ bool HostOptions::Parse(int argc, char* argv[]) {
         }
         if (word == "--help" || word == "-h" || word == "--render" || word == "--window" ||
             word == "--watch" || word == "--lint" || word == "--schema" ||
-            word == "--default-look" || word == "--no-default-look") {
+            word == "--default-look" || word == "--no-default-look" || word == "--trace-run") {
             Help = Help || word == "--help" || word == "-h";
             Render = Render || word == "--render";
             Window = Window || word == "--window";
@@ -89,6 +90,7 @@ bool HostOptions::Parse(int argc, char* argv[]) {
             Schema = Schema || word == "--schema";
             DefaultLook = DefaultLook || word == "--default-look";
             NoDefaultLook = NoDefaultLook || word == "--no-default-look";
+            TraceRunOnly = TraceRunOnly || word == "--trace-run";
             continue;
         }
         static const char* const withValue[] = {"--size",  "--prefix", "--path",

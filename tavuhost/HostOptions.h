@@ -1,7 +1,8 @@
 // The command line of tavuhost:
 //   tavuhost [OPTIONS] [FILE.xml ...]
 // with --size WxH, --prefix TAG, --path DIR, -e CMD, --script FILE,
-// --frames N, --trace FILE (or - for standard output), --module FILE, and
+// --frames N, --trace FILE (or - for standard output) and --trace-run, which
+// leaves the toolkit's start-up and shutdown out of it, --module FILE, and
 // --render, --png FILE and --window, which paint the frames, and --watch,
 // which reloads the interface when its files change, --lint, which only
 // checks the files, --schema, which writes the files' XSD, and
@@ -28,6 +29,7 @@ public:
     std::string Script;
     unsigned Frames = 1;
     std::string Trace;
+    bool TraceRunOnly = false;               // the trace leaves out start-up and shutdown
     std::vector<std::string> ElementModules; // modules of element types, in order
     std::vector<std::string> Files;
     std::string Png;     // the last frame is written here

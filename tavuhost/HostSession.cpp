@@ -316,7 +316,11 @@ int HostSession::Run() {
     }
     // Without a display there is nothing to do, so nothing is loaded.
     if (Options.Window && !OpenWindow()) return 2;
+    // The toolkit's start-up and shutdown register and remove every script
+    // type it has: a trace of the run alone does not change with them.
+    Trace.Hold(Options.TraceRunOnly);
     if (!LoadModule()) return 1;
+    Trace.Hold(false);
     if (!Options.Files.empty() && !Module.CanLoadInterfaces()) {
         fprintf(stderr, "tavuhost: this Tavukit module cannot load interface files yet "
                         "(it exports no CUIManager::LoadInterfaceXML)\n");
@@ -335,6 +339,7 @@ int HostSession::Run() {
         }
     }
     if (!Options.Png.empty() && !WritePng()) failed = true;
+    Trace.Hold(Options.TraceRunOnly);
     ManagerAccess::Shutdown(Manager);
     Manager = nullptr;
     int status = Engine.ExitRequested() ? Engine.ExitCode() : 0;

@@ -51,6 +51,7 @@ ScriptEngine::ScriptEngine() : Resolver(*this) {
         Print(JoinWords(1, argc, argv));
         return 0;
     });
+    AddCommand("members", [this](int argc, char* argv[]) { return ListMembers(argc, argv); });
 }
 
 ScriptEngine::~ScriptEngine() {
@@ -66,6 +67,26 @@ bool ScriptEngine::AddType(RXTypeDefinition* type) {
     if (!type || Types.count(type->GetName())) return false;
     Types[type->GetName()] = type;
     return true;
+}
+
+// A case that prints a type's tables sees a name added to the type later in
+// its output, so every name a scripter can reach is listed where it is used.
+int ScriptEngine::ListMembers(int argc, char* argv[]) {
+    RXTypeDefinition* type = argc == 2 ? FindType(argv[1]) : nullptr;
+    if (!type) {
+        Print(argc == 2 ? "members: no type named '" + std::string(argv[1]) + "'"
+                        : "Syntax: members TYPE");
+        return -1;
+    }
+    const struct {
+        CIndex<_RXTypeMember*>& Slots;
+        const char* Kind;
+    } tables[] = {{type->Members, "member "}, {type->Methods, "method "}};
+    for (const auto& table : tables)
+        for (unsigned slot = 0; slot < table.Slots.GetSize(); ++slot)
+            if (_RXTypeMember* record = table.Slots.Get(slot))
+                Print(table.Kind + std::string(record->Name));
+    return 0;
 }
 
 bool ScriptEngine::RemoveType(RXTypeDefinition* type) {

@@ -118,6 +118,7 @@ private:
     };
 
     int ExecuteLine(const char* line);
+    int ListMembers(int argc, char* argv[]);
     void Run(ScriptContext& context);
     void Step(ScriptContext& context);
     bool Condition(ScriptContext& context, const ScriptInstruction& instruction);

@@ -17,7 +17,7 @@ bool TraceWriter::Open(const std::string& target) {
 }
 
 void TraceWriter::Write(const char* operation, std::initializer_list<std::string> arguments) {
-    if (!Output) return;
+    if (!Output || Held) return;
     std::string line = operation;
     for (const std::string& argument : arguments)
         line += " " + argument;

@@ -21,6 +21,8 @@ public:
     // "-" is standard output; anything else a file, made anew.
     bool Open(const std::string& target);
     bool IsOn() const { return Output != nullptr; }
+    // While held, calls are not written.
+    void Hold(bool held) { Held = held; }
     void Write(const char* operation, std::initializer_list<std::string> arguments);
 
     static std::string Int(long long value);
@@ -33,4 +35,5 @@ public:
 private:
     FILE* Output = nullptr;
     bool OwnsOutput = false;
+    bool Held = false;
 };

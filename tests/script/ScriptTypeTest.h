@@ -12,8 +12,6 @@
 
 class ScriptTypeTest : public ToolkitTest {
 protected:
-    using Calls = std::vector<std::vector<std::string>>;
-
     void SetUp() override {
         for (const char* name :
              {"string", "int", "int64", "bool", "float", "point3f", "filepath", "uint"}) {
@@ -64,34 +62,6 @@ protected:
                     std::vector<std::string> args = {}) {
         int answer = Member(type, object, name, std::move(args));
         return answer == 1 ? "1 " + ResultText() : std::to_string(answer);
-    }
-
-    // Every name of a type's tables: a member or method added to the type
-    // without a row here, or a row whose handler lost its case, fails. Each is
-    // asked on no object, then with every shorter argument list, which it must
-    // refuse without reading past it, then in full. A member row is the name,
-    // the result it gives and its arguments; a method row the name and its
-    // arguments, none where an argument may be left out.
-    void ExpectAnswered(RXTypeDefinition* type, void* object, const Calls& members,
-                        const Calls& methods) {
-        EXPECT_EQ(size_t(type->Members.Count()), members.size()) << type->TypeName;
-        EXPECT_EQ(size_t(type->Methods.Count()), methods.size()) << type->TypeName;
-        for (const Calls* calls : {&members, &methods})
-            for (const auto& row : *calls) {
-                SCOPED_TRACE(row[0]);
-                auto first = row.begin() + (calls == &members ? 2 : 1);
-                auto call = [&](void* on, size_t count) {
-                    std::vector<std::string> args(first, first + count);
-                    return calls == &members ? Member(type, on, row[0].c_str(), args)
-                                             : Method(type, on, row[0].c_str(), args);
-                };
-                size_t all = size_t(row.end() - first);
-                EXPECT_EQ(call(nullptr, all), 0);
-                for (size_t count = 0; count < all; ++count)
-                    EXPECT_EQ(call(object, count), 0) << count << " arguments";
-                EXPECT_EQ(call(object, all), 1);
-                EXPECT_TRUE(calls != &members || ResultText() == row[1]) << ResultText();
-            }
     }
 
     _RXTypeVar Result{};
