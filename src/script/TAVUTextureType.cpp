@@ -82,7 +82,7 @@ bool TAVUTextureType::ToTextSized(RXObjectData& object, char* buffer, size_t) {
 bool TAVUTextureType::GetMember(RXObjectData& object, _RXTypeMember* member, int, char*[],
                                 _RXTypeVar& result) {
     auto* texture = static_cast<TAVUTexture*>(object.Value.Pointer);
-    if (member->ID >= MemberCount) return false;
+    if (!texture || member->ID >= MemberCount) return false;
     unsigned flags = texture->Flags;
     bool hasRect = flags & TAVUTexture::HasRect;
     switch (member->ID) {
@@ -122,7 +122,7 @@ bool TAVUTextureType::GetMember(RXObjectData& object, _RXTypeMember* member, int
 bool TAVUTextureType::GetMethod(RXObjectData& object, _RXTypeMember* method, int argc,
                                 char* argv[]) {
     auto* texture = static_cast<TAVUTexture*>(object.Value.Pointer);
-    if (method->ID >= MethodCount) return false;
+    if (!texture || method->ID >= MethodCount) return false;
     bool needsArgument = method->ID != MethodUnsetRect && method->ID != MethodUnsetAlpha &&
                          method->ID != MethodUnsetColorMask;
     if (needsArgument && argc < 1) return false;

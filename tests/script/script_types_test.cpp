@@ -37,8 +37,7 @@ TEST_F(ScriptTypes, EveryNameOfEveryTypeRefusesNoObject) {
     const std::vector<std::string> many(8, "1");
     for (const TAVUScriptTypeSlot& slot : g_TAVUScriptTypes) {
         RXTypeDefinition* type = *slot.Global;
-        // A texture is handed to a script only by a member that found one.
-        if (!type || type == pTAVUTextureType) continue;
+        if (!type) continue;
         for (CIndex<_RXTypeMember*>* table : {&type->Members, &type->Methods})
             for (unsigned place = 0; place < table->GetSize(); ++place) {
                 _RXTypeMember* record = table->Get(place);
