@@ -3,9 +3,10 @@
 #include <cstdlib>
 
 struct XMLArena::Chunk {
-    size_t Live;  // objects carved and not yet freed
-    bool Retired; // no longer carved from: freed with its last object
-    char* Free;   // next free byte
+    size_t Live;      // objects carved and not yet freed
+    XMLArena* Holder; // the arena while it holds the chunk, else null
+    Chunk* Newer;     // the next chunk in the holder's list
+    char* Free;       // next free byte
     char* End;
 };
 
@@ -51,6 +52,11 @@ void GiveBackChunk(void* memory, size_t size) {
 
 } // namespace
 
+XMLArena::Chunk* XMLArena::ChunkOf(const void* object) {
+    if (!object) return nullptr;
+    return *reinterpret_cast<Chunk* const*>(static_cast<const char*>(object) - kHeader);
+}
+
 void* XMLArena::AllocateLoose(size_t bytes) {
     char* block = static_cast<char*>(malloc(kHeader + bytes));
     if (!block) return nullptr;
@@ -60,20 +66,33 @@ void* XMLArena::AllocateLoose(size_t bytes) {
 
 void* XMLArena::Allocate(size_t bytes) {
     size_t needed = kHeader + RoundUp(bytes);
-    // Large objects would waste the rest of a chunk: they stand alone.
-    if (needed > kLargestChunk / 8) return AllocateLoose(bytes);
+    // Large objects would waste the rest of a chunk: they stand alone, and a
+    // loose object among the held ones has to be freed on its own.
+    if (needed > kLargestChunk / 8) {
+        Changed = true;
+        return AllocateLoose(bytes);
+    }
     if (!Current || size_t(Current->End - Current->Free) < needed) {
         Retire();
         size_t size = NextChunkBytes;
         if (NextChunkBytes < kLargestChunk) NextChunkBytes *= 2;
         if (size < RoundUp(sizeof(Chunk)) + needed) size = RoundUp(sizeof(Chunk)) + needed;
         char* memory = static_cast<char*>(TakeChunk(size));
-        if (!memory) return AllocateLoose(bytes);
+        if (!memory) {
+            Changed = true;
+            return AllocateLoose(bytes);
+        }
         Current = reinterpret_cast<Chunk*>(memory);
         Current->Live = 0;
-        Current->Retired = false;
+        Current->Holder = this;
+        Current->Newer = nullptr;
         Current->Free = memory + RoundUp(sizeof(Chunk));
         Current->End = memory + size;
+        if (Newest)
+            Newest->Newer = Current;
+        else
+            Oldest = Current;
+        Newest = Current;
     }
     char* block = Current->Free;
     Current->Free += needed;
@@ -83,22 +102,51 @@ void* XMLArena::Allocate(size_t bytes) {
 }
 
 void XMLArena::Retire() {
-    if (!Current) return;
-    if (Current->Live == 0)
-        GiveBackChunk(Current, size_t(Current->End - reinterpret_cast<char*>(Current)));
-    else
-        Current->Retired = true;
     Current = nullptr;
+}
+
+// Oldest first, as a tree freed node by node gives them back: the spares are
+// then the chunks lowest in the heap, and the heap can return what lies above
+// them to the system.
+void XMLArena::FreeAll() {
+    while (Oldest) {
+        Chunk* chunk = Oldest;
+        Oldest = chunk->Newer;
+        GiveBackChunk(chunk, size_t(chunk->End - reinterpret_cast<char*>(chunk)));
+    }
+    Newest = Current = nullptr;
+    Changed = false;
+}
+
+void XMLArena::LetGo() {
+    while (Oldest) {
+        Chunk* chunk = Oldest;
+        Oldest = chunk->Newer;
+        chunk->Holder = nullptr;
+        if (chunk->Live == 0)
+            GiveBackChunk(chunk, size_t(chunk->End - reinterpret_cast<char*>(chunk)));
+    }
+    Newest = Current = nullptr;
+    Changed = false;
 }
 
 void XMLArena::Release(void* object) {
     if (!object) return;
-    char* block = static_cast<char*>(object) - kHeader;
-    Chunk* chunk = *reinterpret_cast<Chunk**>(block);
+    Chunk* chunk = ChunkOf(object);
     if (!chunk) {
-        free(block);
+        free(static_cast<char*>(object) - kHeader);
         return;
     }
-    if (--chunk->Live == 0 && chunk->Retired)
+    --chunk->Live;
+    // A held chunk stays with its arena, which learns that its objects can no
+    // longer be freed all at once.
+    if (chunk->Holder)
+        chunk->Holder->Changed = true;
+    else if (chunk->Live == 0)
         GiveBackChunk(chunk, size_t(chunk->End - reinterpret_cast<char*>(chunk)));
+}
+
+void XMLArena::NoteChange(const void* object) {
+    Chunk* chunk = ChunkOf(object);
+    if (chunk && chunk->Holder) chunk->Holder->Changed = true;
 }

@@ -10,8 +10,9 @@ XMLAttribute::XMLAttribute(const char* name, const char* value)
     : Name(StrDuplicate(name ? name : "")), Value(StrDuplicate(value ? value : "")) {}
 
 XMLAttribute::XMLAttribute(const char* name, size_t nameLength, const char* value,
-                           size_t valueLength) {
-    Name = NameInBlock = reinterpret_cast<char*>(this + 1);
+                           size_t valueLength, bool carved)
+    : NameInBlock(true), Carved(carved) {
+    Name = BlockName();
     memcpy(Name, name, nameLength + 1);
     Value = ValueInBlock = Name + nameLength + 1;
     memcpy(Value, value, valueLength + 1);
@@ -23,7 +24,7 @@ XMLAttribute* XMLAttribute::Create(const char* name, const char* value, XMLArena
     size_t nameLength = strlen(name);
     size_t valueLength = strlen(value);
     return new (nameLength + valueLength + 2, arena)
-        XMLAttribute(name, nameLength, value, valueLength);
+        XMLAttribute(name, nameLength, value, valueLength, arena != nullptr);
 }
 
 void* XMLAttribute::operator new(size_t size) noexcept {
@@ -40,7 +41,7 @@ void XMLAttribute::operator delete(void* block, size_t, XMLArena*) noexcept {
 }
 
 XMLAttribute::~XMLAttribute() {
-    if (Name != NameInBlock) StrFree(Name);
+    if (!NameInBlock || Name != BlockName()) StrFree(Name);
     if (Value != ValueInBlock) StrFree(Value);
 }
 
@@ -49,6 +50,8 @@ void XMLAttribute::Destroy() {
 }
 
 void XMLAttribute::SetValue(const char* value) {
+    // A heap copy hung on an arena's attribute has to be freed on its own.
+    if (Carved) XMLArena::NoteChange(this);
     if (Value != ValueInBlock) StrFree(Value);
     Value = StrDuplicate(value ? value : "");
 }

@@ -34,10 +34,14 @@ public:
     XMLAttribute* Next = nullptr;
 
 private:
-    // Where the texts stand when they share the attribute's own block; a text
-    // anywhere else is a heap copy of its own and is freed.
-    char* NameInBlock = nullptr;
+    // Where the value stands when it shares the attribute's own block, and
+    // whether the name does; a text anywhere else is a heap copy of its own
+    // and is freed. Carved is set while the attribute comes from an arena.
     char* ValueInBlock = nullptr;
+    bool NameInBlock = false;
+    bool Carved = false;
 
-    XMLAttribute(const char* name, size_t nameLength, const char* value, size_t valueLength);
+    XMLAttribute(const char* name, size_t nameLength, const char* value, size_t valueLength,
+                 bool carved);
+    char* BlockName() { return reinterpret_cast<char*>(this + 1); }
 };
