@@ -10,8 +10,8 @@ XMLAttribute::XMLAttribute(const char* name, const char* value)
     : Name(StrDuplicate(name ? name : "")), Value(StrDuplicate(value ? value : "")) {}
 
 XMLAttribute::XMLAttribute(const char* name, size_t nameLength, const char* value,
-                           size_t valueLength, bool carved)
-    : NameInBlock(true), Carved(carved) {
+                           size_t valueLength)
+    : NameInBlock(true) {
     Name = BlockName();
     memcpy(Name, name, nameLength + 1);
     Value = ValueInBlock = Name + nameLength + 1;
@@ -23,8 +23,10 @@ XMLAttribute* XMLAttribute::Create(const char* name, const char* value, XMLArena
     if (!value) value = "";
     size_t nameLength = strlen(name);
     size_t valueLength = strlen(value);
-    return new (nameLength + valueLength + 2, arena)
-        XMLAttribute(name, nameLength, value, valueLength, arena != nullptr);
+    XMLAttribute* attribute = new (nameLength + valueLength + 2, arena)
+        XMLAttribute(name, nameLength, value, valueLength);
+    if (attribute && arena) attribute->Place = arena->PlaceOf(attribute);
+    return attribute;
 }
 
 void* XMLAttribute::operator new(size_t size) noexcept {
@@ -43,6 +45,7 @@ void XMLAttribute::operator delete(void* block, size_t, XMLArena*) noexcept {
 XMLAttribute::~XMLAttribute() {
     if (!NameInBlock || Name != BlockName()) StrFree(Name);
     if (Value != ValueInBlock) StrFree(Value);
+    XMLArena::WillRelease(this, Place);
 }
 
 void XMLAttribute::Destroy() {
@@ -51,7 +54,7 @@ void XMLAttribute::Destroy() {
 
 void XMLAttribute::SetValue(const char* value) {
     // A heap copy hung on an arena's attribute has to be freed on its own.
-    if (Carved) XMLArena::NoteChange(this);
+    if (Place) XMLArena::NoteChange(this, Place);
     if (Value != ValueInBlock) StrFree(Value);
     Value = StrDuplicate(value ? value : "");
 }

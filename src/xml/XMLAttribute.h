@@ -4,6 +4,7 @@
 #include "TavuExport.h"
 
 #include <cstddef>
+#include <cstdint>
 
 class XMLArena;
 
@@ -36,12 +37,12 @@ public:
 private:
     // Where the value stands when it shares the attribute's own block, and
     // whether the name does; a text anywhere else is a heap copy of its own
-    // and is freed. Carved is set while the attribute comes from an arena.
+    // and is freed. Place is the attribute's place in its arena chunk, 0 for
+    // an attribute of its own.
     char* ValueInBlock = nullptr;
     bool NameInBlock = false;
-    bool Carved = false;
+    uint16_t Place = 0;
 
-    XMLAttribute(const char* name, size_t nameLength, const char* value, size_t valueLength,
-                 bool carved);
+    XMLAttribute(const char* name, size_t nameLength, const char* value, size_t valueLength);
     char* BlockName() { return reinterpret_cast<char*>(this + 1); }
 };

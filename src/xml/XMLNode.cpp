@@ -26,8 +26,8 @@ XMLNode::XMLNode(XMLNode* parent, const char* name, uint32_t type)
     : XMLNode(parent, name ? name : "", name ? strlen(name) : 0, type, false, false) {}
 
 XMLNode::XMLNode(XMLNode* parent, const char* name, size_t nameLength, uint32_t type, bool inBlock,
-                 bool carved)
-    : Type(type), NameInBlock(inBlock), Carved(carved) {
+                 bool sameArena)
+    : Type(type), NameInBlock(inBlock) {
     if (inBlock) {
         Name = BlockName();
         if (nameLength) memcpy(Name, name, nameLength);
@@ -35,14 +35,16 @@ XMLNode::XMLNode(XMLNode* parent, const char* name, size_t nameLength, uint32_t 
     } else {
         Name = DuplicateBytes(name, nameLength);
     }
-    if (parent) AppendTo(parent, carved);
+    if (parent) AppendTo(parent, sameArena);
 }
 
 XMLNode* XMLNode::Create(XMLNode* parent, const char* name, size_t nameLength, uint32_t type,
                          XMLArena* arena) {
     if (!name) nameLength = 0;
-    return new (nameLength + 1, arena)
+    XMLNode* node = new (nameLength + 1, arena)
         XMLNode(parent, name ? name : "", nameLength, type, true, arena != nullptr);
+    if (node && arena) node->Place = arena->PlaceOf(node);
+    return node;
 }
 
 void* XMLNode::operator new(size_t size) noexcept {
@@ -81,6 +83,7 @@ XMLNode::~XMLNode() {
         }
         delete node;
     }
+    XMLArena::WillRelease(this, Place);
 }
 
 void XMLNode::SetName(const char* name) {
@@ -94,7 +97,7 @@ void XMLNode::Destroy() {
 }
 
 void XMLNode::NoteChange() const {
-    if (Carved) XMLArena::NoteChange(this);
+    if (Place) XMLArena::NoteChange(this, Place);
 }
 
 // A node linked under a parent from another arena, or from none, has to be

@@ -66,9 +66,10 @@ private:
     // Kept in the room behind Type, so that a node takes no more than its
     // public fields. NameInBlock is set while Name started out in the node's
     // own block (whoever replaces Name with a heap copy of their own gets it
-    // freed as usual); Carved while the node comes from an arena.
+    // freed as usual); Place is the node's place in its arena chunk, 0 for a
+    // node of its own.
     bool NameInBlock = false;
-    bool Carved = false;
+    uint16_t Place = 0;
 
 public:
     XMLAttribute* FirstAttribute = nullptr;
@@ -80,7 +81,7 @@ public:
 
 private:
     XMLNode(XMLNode* parent, const char* name, size_t nameLength, uint32_t type, bool inBlock,
-            bool carved);
+            bool sameArena);
     char* BlockName() { return reinterpret_cast<char*>(this + 1); }
     void AppendTo(XMLNode* parent, bool sameArena);
     // Tells the arena that holds this node, if any, that freeing it with its
