@@ -3,9 +3,10 @@
 #include <cstdlib>
 
 struct XMLArena::Chunk {
-    size_t Live;  // objects carved and not yet freed
-    bool Retired; // no longer carved from: freed with its last object
-    char* Free;   // next free byte
+    size_t Live;      // objects carved and not yet freed
+    XMLArena* Holder; // the arena while it holds the chunk, else null
+    Chunk* Newer;     // the next chunk in the holder's list
+    char* Free;       // next free byte
     char* End;
 };
 
@@ -19,8 +20,9 @@ constexpr size_t RoundUp(size_t bytes) {
     return (bytes + kAlignment - 1) & ~(kAlignment - 1);
 }
 
-// Each object is preceded by one header slot that names its chunk.
-constexpr size_t kHeader = RoundUp(sizeof(void*));
+// The first object of a chunk stands behind the chunk's own fields, so no
+// object has the place 0.
+constexpr size_t kChunkFields = 48;
 
 // Freed chunks of the largest size wait here for the next parse instead of
 // going back to the heap, up to a bound: a large tree is deleted and another
@@ -49,56 +51,127 @@ void GiveBackChunk(void* memory, size_t size) {
         free(memory);
 }
 
+// The object whose destructor has just run, and its place.
+struct PendingRelease {
+    const void* Object = nullptr;
+    uint16_t Place = 0;
+};
+thread_local PendingRelease t_Pending;
+
 } // namespace
 
+static_assert(kLargestChunk / kAlignment <= 0xFFFF, "a place must fit 16 bits");
+
+XMLArena::Chunk* XMLArena::ChunkOf(const void* object, uint16_t place) {
+    if (!object || place == 0) return nullptr;
+    return reinterpret_cast<Chunk*>(
+        const_cast<char*>(static_cast<const char*>(object) - size_t(place) * kAlignment));
+}
+
+uint16_t XMLArena::PlaceOf(const void* object) const {
+    const char* at = static_cast<const char*>(object);
+    const char* chunk = reinterpret_cast<const char*>(Current);
+    if (!Current || at < chunk || at >= Current->End) return 0;
+    return uint16_t(size_t(at - chunk) / kAlignment);
+}
+
 void* XMLArena::AllocateLoose(size_t bytes) {
-    char* block = static_cast<char*>(malloc(kHeader + bytes));
-    if (!block) return nullptr;
-    *reinterpret_cast<Chunk**>(block) = nullptr;
-    return block + kHeader;
+    return malloc(bytes);
 }
 
 void* XMLArena::Allocate(size_t bytes) {
-    size_t needed = kHeader + RoundUp(bytes);
-    // Large objects would waste the rest of a chunk: they stand alone.
-    if (needed > kLargestChunk / 8) return AllocateLoose(bytes);
+    static_assert(sizeof(Chunk) <= kChunkFields, "chunk fields grew");
+    size_t needed = RoundUp(bytes);
+    // Large objects would waste the rest of a chunk: they stand alone, and a
+    // loose object among the held ones has to be freed on its own.
+    if (needed > kLargestChunk / 8) {
+        Changed = true;
+        return AllocateLoose(bytes);
+    }
     if (!Current || size_t(Current->End - Current->Free) < needed) {
         Retire();
         size_t size = NextChunkBytes;
         if (NextChunkBytes < kLargestChunk) NextChunkBytes *= 2;
-        if (size < RoundUp(sizeof(Chunk)) + needed) size = RoundUp(sizeof(Chunk)) + needed;
+        if (size < kChunkFields + needed) size = kChunkFields + needed;
         char* memory = static_cast<char*>(TakeChunk(size));
-        if (!memory) return AllocateLoose(bytes);
+        if (!memory) {
+            Changed = true;
+            return AllocateLoose(bytes);
+        }
         Current = reinterpret_cast<Chunk*>(memory);
         Current->Live = 0;
-        Current->Retired = false;
-        Current->Free = memory + RoundUp(sizeof(Chunk));
+        Current->Holder = this;
+        Current->Newer = nullptr;
+        Current->Free = memory + kChunkFields;
         Current->End = memory + size;
+        if (Newest)
+            Newest->Newer = Current;
+        else
+            Oldest = Current;
+        Newest = Current;
     }
     char* block = Current->Free;
     Current->Free += needed;
     ++Current->Live;
-    *reinterpret_cast<Chunk**>(block) = Current;
-    return block + kHeader;
+    return block;
 }
 
 void XMLArena::Retire() {
-    if (!Current) return;
-    if (Current->Live == 0)
-        GiveBackChunk(Current, size_t(Current->End - reinterpret_cast<char*>(Current)));
-    else
-        Current->Retired = true;
     Current = nullptr;
+}
+
+// Oldest first, as a tree freed node by node gives them back: the spares are
+// then the chunks lowest in the heap, and the heap can return what lies above
+// them to the system.
+void XMLArena::FreeAll() {
+    while (Oldest) {
+        Chunk* chunk = Oldest;
+        Oldest = chunk->Newer;
+        GiveBackChunk(chunk, size_t(chunk->End - reinterpret_cast<char*>(chunk)));
+    }
+    Newest = Current = nullptr;
+    Changed = false;
+}
+
+void XMLArena::LetGo() {
+    while (Oldest) {
+        Chunk* chunk = Oldest;
+        Oldest = chunk->Newer;
+        chunk->Holder = nullptr;
+        if (chunk->Live == 0)
+            GiveBackChunk(chunk, size_t(chunk->End - reinterpret_cast<char*>(chunk)));
+    }
+    Newest = Current = nullptr;
+    Changed = false;
+}
+
+void XMLArena::WillRelease(const void* object, uint16_t place) {
+    t_Pending.Object = object;
+    t_Pending.Place = place;
 }
 
 void XMLArena::Release(void* object) {
     if (!object) return;
-    char* block = static_cast<char*>(object) - kHeader;
-    Chunk* chunk = *reinterpret_cast<Chunk**>(block);
+    uint16_t place = 0;
+    if (object == t_Pending.Object) {
+        place = t_Pending.Place;
+        t_Pending.Object = nullptr;
+    }
+    Chunk* chunk = ChunkOf(object, place);
     if (!chunk) {
-        free(block);
+        free(object);
         return;
     }
-    if (--chunk->Live == 0 && chunk->Retired)
+    --chunk->Live;
+    // A held chunk stays with its arena, which learns that its objects can no
+    // longer be freed all at once.
+    if (chunk->Holder)
+        chunk->Holder->Changed = true;
+    else if (chunk->Live == 0)
         GiveBackChunk(chunk, size_t(chunk->End - reinterpret_cast<char*>(chunk)));
+}
+
+void XMLArena::NoteChange(const void* object, uint16_t place) {
+    Chunk* chunk = ChunkOf(object, place);
+    if (chunk && chunk->Holder) chunk->Holder->Changed = true;
 }

@@ -10,8 +10,9 @@ XMLAttribute::XMLAttribute(const char* name, const char* value)
     : Name(StrDuplicate(name ? name : "")), Value(StrDuplicate(value ? value : "")) {}
 
 XMLAttribute::XMLAttribute(const char* name, size_t nameLength, const char* value,
-                           size_t valueLength) {
-    Name = NameInBlock = reinterpret_cast<char*>(this + 1);
+                           size_t valueLength)
+    : NameInBlock(true) {
+    Name = BlockName();
     memcpy(Name, name, nameLength + 1);
     Value = ValueInBlock = Name + nameLength + 1;
     memcpy(Value, value, valueLength + 1);
@@ -22,8 +23,10 @@ XMLAttribute* XMLAttribute::Create(const char* name, const char* value, XMLArena
     if (!value) value = "";
     size_t nameLength = strlen(name);
     size_t valueLength = strlen(value);
-    return new (nameLength + valueLength + 2, arena)
+    XMLAttribute* attribute = new (nameLength + valueLength + 2, arena)
         XMLAttribute(name, nameLength, value, valueLength);
+    if (attribute && arena) attribute->Place = arena->PlaceOf(attribute);
+    return attribute;
 }
 
 void* XMLAttribute::operator new(size_t size) noexcept {
@@ -40,8 +43,9 @@ void XMLAttribute::operator delete(void* block, size_t, XMLArena*) noexcept {
 }
 
 XMLAttribute::~XMLAttribute() {
-    if (Name != NameInBlock) StrFree(Name);
+    if (!NameInBlock || Name != BlockName()) StrFree(Name);
     if (Value != ValueInBlock) StrFree(Value);
+    XMLArena::WillRelease(this, Place);
 }
 
 void XMLAttribute::Destroy() {
@@ -49,6 +53,8 @@ void XMLAttribute::Destroy() {
 }
 
 void XMLAttribute::SetValue(const char* value) {
+    // A heap copy hung on an arena's attribute has to be freed on its own.
+    if (Place) XMLArena::NoteChange(this, Place);
     if (Value != ValueInBlock) StrFree(Value);
     Value = StrDuplicate(value ? value : "");
 }

@@ -4,6 +4,7 @@
 #include "TavuExport.h"
 
 #include <cstddef>
+#include <cstdint>
 
 class XMLArena;
 
@@ -34,10 +35,14 @@ public:
     XMLAttribute* Next = nullptr;
 
 private:
-    // Where the texts stand when they share the attribute's own block; a text
-    // anywhere else is a heap copy of its own and is freed.
-    char* NameInBlock = nullptr;
+    // Where the value stands when it shares the attribute's own block, and
+    // whether the name does; a text anywhere else is a heap copy of its own
+    // and is freed. Place is the attribute's place in its arena chunk, 0 for
+    // an attribute of its own.
     char* ValueInBlock = nullptr;
+    bool NameInBlock = false;
+    uint16_t Place = 0;
 
     XMLAttribute(const char* name, size_t nameLength, const char* value, size_t valueLength);
+    char* BlockName() { return reinterpret_cast<char*>(this + 1); }
 };

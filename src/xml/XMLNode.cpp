@@ -19,10 +19,14 @@ char* DuplicateBytes(const char* text, size_t length) {
 
 } // namespace
 
-XMLNode::XMLNode(XMLNode* parent, const char* name, uint32_t type)
-    : XMLNode(parent, name ? name : "", name ? strlen(name) : 0, type, false) {}
+// The flags fill the room behind Type: a node is no larger than its fields.
+static_assert(sizeof(void*) != 8 || sizeof(XMLNode) == 72, "XMLNode grew");
 
-XMLNode::XMLNode(XMLNode* parent, const char* name, size_t nameLength, uint32_t type, bool inBlock)
+XMLNode::XMLNode(XMLNode* parent, const char* name, uint32_t type)
+    : XMLNode(parent, name ? name : "", name ? strlen(name) : 0, type, false, false) {}
+
+XMLNode::XMLNode(XMLNode* parent, const char* name, size_t nameLength, uint32_t type, bool inBlock,
+                 bool sameArena)
     : Type(type), NameInBlock(inBlock) {
     if (inBlock) {
         Name = BlockName();
@@ -31,13 +35,16 @@ XMLNode::XMLNode(XMLNode* parent, const char* name, size_t nameLength, uint32_t 
     } else {
         Name = DuplicateBytes(name, nameLength);
     }
-    if (parent) AppendTo(parent);
+    if (parent) AppendTo(parent, sameArena);
 }
 
 XMLNode* XMLNode::Create(XMLNode* parent, const char* name, size_t nameLength, uint32_t type,
                          XMLArena* arena) {
     if (!name) nameLength = 0;
-    return new (nameLength + 1, arena) XMLNode(parent, name ? name : "", nameLength, type, true);
+    XMLNode* node = new (nameLength + 1, arena)
+        XMLNode(parent, name ? name : "", nameLength, type, true, arena != nullptr);
+    if (node && arena) node->Place = arena->PlaceOf(node);
+    return node;
 }
 
 void* XMLNode::operator new(size_t size) noexcept {
@@ -76,9 +83,11 @@ XMLNode::~XMLNode() {
         }
         delete node;
     }
+    XMLArena::WillRelease(this, Place);
 }
 
 void XMLNode::SetName(const char* name) {
+    NoteChange();
     if (!NameInBlock || Name != BlockName()) StrFree(Name);
     Name = StrDuplicate(name ? name : "");
 }
@@ -87,7 +96,14 @@ void XMLNode::Destroy() {
     delete this;
 }
 
-void XMLNode::AppendTo(XMLNode* parent) {
+void XMLNode::NoteChange() const {
+    if (Place) XMLArena::NoteChange(this, Place);
+}
+
+// A node linked under a parent from another arena, or from none, has to be
+// freed on its own when the parent's tree goes.
+void XMLNode::AppendTo(XMLNode* parent, bool sameArena) {
+    if (!sameArena) parent->NoteChange();
     Parent = parent;
     Prev = parent->LastChild;
     if (parent->LastChild)
@@ -104,6 +120,7 @@ XMLAttribute* XMLNode::FindAttribute(const char* name) const {
 }
 
 void XMLNode::SetAttribute(const char* name, const char* value) {
+    NoteChange();
     XMLAttribute* last = nullptr;
     for (XMLAttribute* attribute = FirstAttribute; attribute; attribute = attribute->Next) {
         if (StrCompareNoCase(attribute->Name, name) == 0) {
@@ -158,6 +175,6 @@ XMLNode* XMLNode::Clone(XMLNode* newParent) {
     XMLNode* copy = CloneDetached();
     // Attaching only after the copy is complete keeps a clone into this very
     // subtree from copying its own growing end.
-    if (newParent) copy->AppendTo(newParent);
+    if (newParent) copy->AppendTo(newParent, false);
     return copy;
 }

@@ -27,7 +27,8 @@ public:
     // The same for a name of a known length, which need not be terminated;
     // the name shares the node's allocation, which makes a document's many
     // nodes cheaper to build and to free.
-    // With an arena, the node is carved from it.
+    // With an arena, the node is carved from it, and the parent must be null
+    // or a node carved from the same arena.
     static XMLNode* Create(XMLNode* parent, const char* name, size_t nameLength, uint32_t type,
                            XMLArena* arena = nullptr);
     XMLNode(const XMLNode&) = delete;
@@ -60,6 +61,17 @@ public:
 
     char* Name;
     uint32_t Type;
+
+private:
+    // Kept in the room behind Type, so that a node takes no more than its
+    // public fields. NameInBlock is set while Name started out in the node's
+    // own block (whoever replaces Name with a heap copy of their own gets it
+    // freed as usual); Place is the node's place in its arena chunk, 0 for a
+    // node of its own.
+    bool NameInBlock = false;
+    uint16_t Place = 0;
+
+public:
     XMLAttribute* FirstAttribute = nullptr;
     XMLNode* Parent = nullptr;
     XMLNode* FirstChild = nullptr;
@@ -68,13 +80,13 @@ public:
     XMLNode* Prev = nullptr;
 
 private:
-    // Set when Name started out in the node's own block; whoever replaces
-    // Name with a heap copy of their own gets it freed as usual.
-    bool NameInBlock = false;
-
-    XMLNode(XMLNode* parent, const char* name, size_t nameLength, uint32_t type, bool inBlock);
+    XMLNode(XMLNode* parent, const char* name, size_t nameLength, uint32_t type, bool inBlock,
+            bool sameArena);
     char* BlockName() { return reinterpret_cast<char*>(this + 1); }
-    void AppendTo(XMLNode* parent);
+    void AppendTo(XMLNode* parent, bool sameArena);
+    // Tells the arena that holds this node, if any, that freeing it with its
+    // chunks would miss something.
+    void NoteChange() const;
     XMLNode* CloneShallow(XMLNode* newParent) const;
     XMLNode* CloneDetached() const;
     bool Contains(const XMLNode* node) const;

@@ -47,6 +47,21 @@ char ReferenceByte(const char* text) {
     return char(XMLReadDecimal(text));
 }
 
+// Whether two names are equal ignoring ASCII case. A closing tag nearly
+// always repeats its opening tag byte for byte, so equal bytes go first.
+bool SameName(const char* a, const char* b) {
+    for (;; ++a, ++b) {
+        unsigned char x = static_cast<unsigned char>(*a);
+        unsigned char y = static_cast<unsigned char>(*b);
+        if (x == y) {
+            if (x == 0) return true;
+            continue;
+        }
+        unsigned char lower = x | 0x20;
+        if (lower != (y | 0x20) || lower < 'a' || lower > 'z') return false;
+    }
+}
+
 std::string LowerCopy(const char* text) {
     std::string lower(text);
     StrLower(lower.data());
@@ -134,19 +149,32 @@ XMLParser::XMLParser(bool keepTree) : KeepTree(keepTree) {
 }
 
 XMLParser::~XMLParser() {
-    if (!KeepTree) delete Root;
+    DeleteTree();
     delete Stream;
     ClearEntities();
 }
 
 void XMLParser::Reset() {
     StrCopyBounded(ErrorText, kUnknownError, sizeof ErrorText);
-    if (!KeepTree) delete Root;
+    DeleteTree();
     delete Stream;
     Stream = nullptr;
     ClearEntities();
     Root = Current = nullptr;
     LoadDefaultEntities();
+}
+
+// A tree that nobody changed since the parse lies wholly in the arena's
+// chunks, which go at once; visiting a large tree node by node to free it
+// costs about as much as a tenth of reading it.
+void XMLParser::DeleteTree() {
+    if (KeepTree) return;
+    if (Root && Arena.Unchanged()) {
+        Arena.FreeAll();
+        return;
+    }
+    Arena.LetGo();
+    delete Root;
 }
 
 void XMLParser::SetErrorText(const char* format, ...) {
@@ -235,13 +263,16 @@ bool XMLParser::ParseStream(XMLStream* stream) {
     Stream = stream;
     bool parsed = Parse();
     Stream = nullptr;
-    // A later document never shares a chunk with this one.
+    // A later document never shares a chunk with this one, and a tree that the
+    // caller takes over frees its chunks as its nodes go.
     Arena.Retire();
+    if (KeepTree) Arena.LetGo();
     delete stream;
     return parsed;
 }
 
-bool XMLParser::Next() {
+// Called for every token: kept inline.
+inline bool XMLParser::Next() {
     return Stream->Next(Token);
 }
 
@@ -257,7 +288,8 @@ bool XMLParser::NextSkippingSpace() {
 // open element, and the root means that the loop is between top-level nodes.
 bool XMLParser::Parse() {
     if (!Next()) return false;
-    Root = new XMLNode(nullptr, "DOCUMENT ROOT", XMLNode::DocumentRoot);
+    static const char kRootName[] = "DOCUMENT ROOT";
+    Root = XMLNode::Create(nullptr, kRootName, sizeof kRootName - 1, XMLNode::DocumentRoot, &Arena);
     Current = Root;
     Text.clear();
     IndexedNode = nullptr;
@@ -375,7 +407,7 @@ XMLParser::TagResult XMLParser::ReadElement() {
 XMLParser::TagResult XMLParser::ReadClosingTag() {
     if (!Next()) return TagFailed;
     if (!Current->Parent) return TagFailed;
-    if (StrCompareNoCase(Token.Text, Current->Name) != 0) {
+    if (!SameName(Token.Text, Current->Name)) {
         SetErrorText("Closing element %s, expected %s", Token.Text, Current->Name);
         return TagFailed;
     }
@@ -462,7 +494,7 @@ void XMLParser::StoreAttribute(XMLNode* node, const char* name, const char* valu
         size_t count = 0;
         XMLAttribute* last = nullptr;
         for (XMLAttribute* a = node->FirstAttribute; a; a = a->Next, ++count) {
-            if (StrCompareNoCase(a->Name, name) == 0) {
+            if (SameName(a->Name, name)) {
                 a->SetValue(value);
                 return;
             }
@@ -583,7 +615,7 @@ bool XMLParser::ReadDoctype() {
         SetErrorText("DOCTYPE Unknown DTD type: %s", Token.Text);
         return false;
     }
-    node->SetAttribute("type", isPublic ? "PUBLIC" : "SYSTEM");
+    StoreAttribute(node, "type", isPublic ? "PUBLIC" : "SYSTEM");
     if (!NextSkippingSpace()) return false;
     if (Token.Kind != XMLToken::DoubleQuote) {
         SetErrorText("Badly formed DOCTYPE tag");
@@ -591,20 +623,20 @@ bool XMLParser::ReadDoctype() {
     }
     if (!ReadDoctypeLiteral(false)) return false;
     if (isPublic) {
-        node->SetAttribute("PubidLiteral", Text.c_str());
+        StoreAttribute(node, "PubidLiteral", Text.c_str());
         if (!NextSkippingSpace()) return false;
         if (Token.Kind == XMLToken::DoubleQuote)
             Text.clear();
         else if (!ReadDoctypeLiteral(true))
             return false;
     }
-    node->SetAttribute("SystemLiteral", Text.c_str());
+    StoreAttribute(node, "SystemLiteral", Text.c_str());
     Text.clear();
     if (!NextSkippingSpace()) return false;
     if (Token.Kind == XMLToken::GreaterThan) return true;
     if (StrCompareNoCase(Token.Text, "NDATA") != 0) return false;
     if (!NextSkippingSpace()) return false;
-    node->SetAttribute("NDATA", Token.Text);
+    StoreAttribute(node, "NDATA", Token.Text);
     if (!NextSkippingSpace()) return false;
     return Token.Kind == XMLToken::GreaterThan;
 }

@@ -70,6 +70,7 @@ private:
     XMLNode* IndexedNode = nullptr;
     XMLAttribute* IndexedTail = nullptr;
 
+    void DeleteTree();
     void LoadDefaultEntities();
     void ClearEntities();
     void SetEntity(const char* name, const char* value);
