@@ -160,66 +160,6 @@ TEST_F(WindowTest, AButtonlessTitleBarKeepsNoButtonsAndOneSizeButtonServesBoth) 
     }
 }
 
-TEST_F(WindowTest, DragsByTitleBarAndBodyWithTheirOwnSnapping) {
-    struct Case {
-        const char* What;
-        _Point2i From; // the title bar at 100,50 or the left border band at 98,108
-        _Point2i To;
-        bool Shift;
-        const char* Place; // X Y
-    } cases[] = {
-        {"bar, free", {150, 60}, {250, 160}, false, "198 148"},
-        {"bar, near the right edge", {150, 60}, {651, 160}, false, "596 148"},
-        {"bar, past the right edge", {150, 60}, {952, 160}, false, "796 148"},
-        {"bar, past the left edge", {150, 60}, {-248, 160}, false, "-200 148"},
-        {"bar, near the left edge", {150, 60}, {54, 160}, false, "0 148"},
-        {"bar, past the top", {150, 60}, {150, -38}, false, "98 -19"},
-        {"bar, past the bottom", {150, 60}, {150, 900}, false, "98 596"},
-        {"bar, shift held", {150, 60}, {952, 160}, true, "900 148"},
-        {"body, near the right edge", {99, 108}, {594, 108}, false, "596 48"},
-        {"body, past the right edge", {99, 108}, {901, 108}, false, "900 48"},
-        {"body, shift held", {99, 108}, {594, 108}, true, "593 48"},
-    };
-    for (const Case& c : cases) {
-        TAVUWindow* window = LoadWindow("Mover", "<X>100</X><Y>50</Y><Width>200</Width>"
-                                                 "<Height>120</Height>");
-        ASSERT_NE(window, nullptr);
-        g_UIManager.Shift = c.Shift;
-        Drag(c.From, {c.To});
-        g_UIManager.Shift = false;
-        EXPECT_EQ(std::to_string(window->X) + " " + std::to_string(window->Y), c.Place) << c.What;
-        EXPECT_FALSE(window->Dragging) << c.What;
-        g_UIManager.Screen->DeleteChild(window);
-    }
-}
-
-TEST_F(WindowTest, ResizesByItsBandWithinTheMinimums) {
-    // Outer 97,97 206x106; the band is 3 wide.
-    struct Case {
-        const char* What;
-        _Point2i From;
-        std::vector<_Point2i> To;
-        const char* Outer;
-    } cases[] = {
-        {"top edge past the minimum pushes the window", {150, 98}, {{150, 300}}, "97 299 206 50"},
-        {"bottom edge stops at the minimum", {150, 202}, {{150, 100}}, "97 97 206 106"},
-        {"bottom edge grows once past it", {150, 202}, {{150, 100}, {150, 160}}, "97 97 206 166"},
-        {"bottom-right corner", {302, 202}, {{322, 212}}, "97 97 226 116"},
-        {"left edge", {98, 150}, {{88, 150}}, "87 97 216 106"},
-        {"right edge below the minimum", {302, 150}, {{140, 150}}, "97 97 206 106"},
-    };
-    for (const Case& c : cases) {
-        TAVUWindow* window = LoadWindow("Sizer", "<X>100</X><Y>100</Y><Width>200</Width>"
-                                                 "<Height>100</Height><Resizable MinHeight=\"50\" "
-                                                 "MinWidth=\"60\">1</Resizable>");
-        ASSERT_NE(window, nullptr);
-        Drag(c.From, c.To);
-        EXPECT_EQ(Rect(window), c.Outer) << c.What;
-        EXPECT_EQ(window->ResizeEdges, 0u) << c.What;
-        g_UIManager.Screen->DeleteChild(window);
-    }
-}
-
 // The buttons themselves are clicked in tavuhost's windows case.
 TEST_F(WindowTest, MinimisedItShowsTheOtherButtonAndAnyShowRestoresIt) {
     TAVUWindow* window =
@@ -237,17 +177,6 @@ TEST_F(WindowTest, MinimisedItShowsTheOtherButtonAndAnyShowRestoresIt) {
     window->Show(false); // closing gives the size back, so that it opens whole
     EXPECT_FALSE(window->Minimized);
     EXPECT_EQ(Rect(window), "98 48 204 124");
-}
-
-TEST_F(WindowTest, ResetReturnsToTheLoadedPlace) {
-    TAVUWindow* window = LoadWindow("Home", "<X>10%</X><Y>100</Y><Width>200</Width>"
-                                            "<Height>120</Height>");
-    ASSERT_NE(window, nullptr);
-    EXPECT_EQ(Rect(window), "78 98 204 124"); // a fractional place loses the border too
-    Drag({150, 110}, {{400, 300}});
-    EXPECT_NE(Rect(window), "78 98 204 124");
-    window->ResetWindowPosition();
-    EXPECT_EQ(Rect(window), "78 98 204 124");
 }
 
 // Hostile sizes and places: only the sums wrap; nothing is undefined.
