@@ -46,35 +46,6 @@ protected:
     }
 };
 
-TEST_F(ListBoxTest, KeysItemsAndSortWordsLoad) {
-    const struct {
-        const char* Keys;
-        const char* Expected; // sort, multiple, order, selection, colour of row 1
-    } rows[] = {
-        {"", "0 0  "},
-        {"<Sort>textREVERSE</Sort><SelectMultiple>1</SelectMultiple>"
-         "<Items><item>b</item><item Default='1' Color='ff00ff00'>a</item><item/>"
-         "<item Default='0'>c</item></Items>",
-         "5 1 c b a 2 00000000 ff00ff00"},
-        {"<Sort>sideways</Sort><Items><item Default='x'>b</item><item Value='1'>a</item></Items>",
-         "0 0 b a  00000000 00000000"},
-        {"<Sort>Value</Sort><Items><item Value='9'>n</item><item Value='10'>t</item></Items>",
-         "3 0 t n  00000000 00000000"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.Keys);
-        TAVUListBox* list = List(row.Keys);
-        ASSERT_NE(list, nullptr);
-        std::string colors;
-        for (unsigned id = 1; id <= 2 && list->RetrieveItem(id); ++id)
-            colors.append(" ").append(Hex(list->RetrieveItem(id)->Color), 2);
-        EXPECT_EQ(Words(list->Sort, list->SelectMultiple, Order(list), Selected(list)) + colors,
-                  row.Expected);
-        EXPECT_TRUE(list->Ready);
-        Parent->DeleteChild(list);
-    }
-}
-
 TEST_F(ListBoxTest, IdsComeBackLowestFirstAndTheScrollRangeFollowsAddsAndResizes) {
     TAVUListBox* list = List();
     ASSERT_NE(list, nullptr);
@@ -98,34 +69,6 @@ TEST_F(ListBoxTest, IdsComeBackLowestFirstAndTheScrollRangeFollowsAddsAndResizes
     list->Height = 200;
     list->RecalculateSize(true);
     EXPECT_EQ(Words(list->ScrollBar->Visible, list->ScrollOffset), "0 0");
-}
-
-// A renamed row moves only where the text orders the rows.
-TEST_F(ListBoxTest, EachSortOrdersAndARenameSortsAgain) {
-    const struct {
-        unsigned Sort;
-        const char* Expected;
-        const char* Renamed; // after "b" became "zz"
-    } rows[] = {
-        {TAVUListBox::SortNone, "b B a 10 9", "zz B a 10 9"},
-        {TAVUListBox::SortUser, "b B a 10 9", "zz B a 10 9"},
-        {TAVUListBox::SortText, "10 9 B a b", "10 9 B a zz"},
-        {TAVUListBox::SortTextReverse, "b a B 9 10", "zz a B 9 10"},
-        {TAVUListBox::SortValue, "10 9 B a b", "10 9 B a zz"},
-        {TAVUListBox::SortValueReverse, "b a B 9 10", "zz a B 9 10"},
-        {TAVUListBox::SortCustom, "b B a 10 9", "zz B a 10 9"}, // without a comparison
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.Sort);
-        TAVUListBox* list = List();
-        list->Sort = row.Sort;
-        for (const char* text : {"b", "B", "a", "10", "9"})
-            list->AddItem(text, text[0] == 'a' ? "BB" : text, 0);
-        EXPECT_EQ(Order(list), row.Expected);
-        list->SetItemText(1, "zz");
-        EXPECT_EQ(Order(list), row.Renamed);
-        Parent->DeleteChild(list);
-    }
 }
 
 // Rows 0..2 hold IDs 1..3. Each case: the list's mode, the rows selected
