@@ -40,6 +40,19 @@ TEST_F(MessageBoxTest, MessagesAreCutToTheirBufferAndTheScreen) {
     EXPECT_LE(box->Width, 12 + 560 + 1);
 }
 
+// A box taken away by a script or a reset tells its script's record, so that
+// the record never points at a freed box (tavuhost never reads it back).
+TEST_F(MessageBoxTest, BoxesTakenAwayLeaveNoPointerBehind) {
+    StartScript();
+    Run(InputBoxCommand, {"InputBox", "Name?"});
+    Run(MessageBoxCommand, {"MessageBox", "Note"});
+    ASSERT_TRUE(Host.Script.OpenInputBox && Host.Script.OpenMessageBox);
+    Run(UIElementCommand, {"UIElement", "-kill", "script InputBox"});
+    EXPECT_EQ(nullptr, Host.Script.OpenInputBox);
+    Run(UICommand, {"UI", "-reset"});
+    EXPECT_EQ(nullptr, Host.Script.OpenMessageBox);
+}
+
 // The title of a code-made box is the template's, else the box's name.
 TEST_F(MessageBoxTest, TemplatesGiveTitleColoursAndTextures) {
     g_UIManager.AddTemplate("dialog", "<Template><Title>Careful</Title><BorderColor>ff0000"
