@@ -102,25 +102,6 @@ TEST_F(WindowTest, MinimumSizesRideOnTheResizeToggles) {
     }
 }
 
-// The buttons themselves are clicked in tavuhost's windows case.
-TEST_F(WindowTest, MinimisedItShowsTheOtherButtonAndAnyShowRestoresIt) {
-    TAVUWindow* window =
-        LoadWindow("Box", "<X>100</X><Y>50</Y><Width>200</Width><Height>120</Height>");
-    ASSERT_NE(window, nullptr);
-    window->Minimize(true);
-    RenderFrame();
-    EXPECT_EQ(Rect(window), "98 48 204 24"); // the title bar and the border
-    EXPECT_TRUE(!window->Client->Visible && !window->MinimizeButton->Visible);
-    EXPECT_TRUE(window->MaximizeButton->Visible);
-    int x, y;
-    unsigned width, height;
-    window->GetStoragePosition(x, y, width, height);
-    EXPECT_EQ(height, 120u) << "stored with the size it comes back with";
-    window->Show(false); // closing gives the size back, so that it opens whole
-    EXPECT_FALSE(window->Minimized);
-    EXPECT_EQ(Rect(window), "98 48 204 124");
-}
-
 // Hostile sizes and places: only the sums wrap; nothing is undefined.
 TEST_F(WindowTest, AbsurdPlacesAndSizesWrapWithoutHarm) {
     TAVUWindow* window = LoadWindow("Huge", "<X>2147483647</X><Y>-2147483648</Y>"
