@@ -48,17 +48,6 @@ protected:
         for (int n = from; n <= to; ++n)
             console->Printf("line %d", n);
     }
-
-    static std::string ClipboardText() {
-        std::string text;
-        if (!OpenClipboard(nullptr)) return text;
-        if (HANDLE memory = GetClipboardData(CF_TEXT)) {
-            text = static_cast<const char*>(GlobalLock(memory));
-            GlobalUnlock(memory);
-        }
-        CloseClipboard();
-        return text;
-    }
 };
 
 TEST_F(ConsoleTest, TheRingHasAtLeastAHundredSlotsAndOverwritesItsOldest) {

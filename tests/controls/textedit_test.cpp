@@ -30,16 +30,6 @@ std::string Text(const TAVUTextEdit* edit) {
     return text;
 }
 
-std::string Clipboard() {
-    std::string text;
-    if (!OpenClipboard(nullptr)) return text;
-    if (HANDLE memory = GetClipboardData(CF_TEXT)) {
-        text = static_cast<const char*>(GlobalLock(memory));
-        GlobalUnlock(memory);
-    }
-    CloseClipboard();
-    return text;
-}
 } // namespace
 
 class TextEditTest : public ControlTest {
@@ -98,16 +88,16 @@ TEST_F(TextEditTest, CopyJoinsLinesWithCarriageReturnAndLineFeed) {
     Edit("one\ntwo\nthree");
     ASSERT_TRUE(OpenClipboard(nullptr)); // the fake host only answers that it opened
     Press("^ac_");
-    EXPECT_EQ(Clipboard(), "one\r\ntwo\r\nthree");
+    EXPECT_EQ(ClipboardText(), "one\r\ntwo\r\nthree");
     ASSERT_TRUE(OpenClipboard(nullptr));
     Press("^h_rr+wwl-^c_"); // from 0:2 to 2:1
-    EXPECT_EQ(Clipboard(), "e\r\ntwo\r\nt");
+    EXPECT_EQ(ClipboardText(), "e\r\ntwo\r\nt");
     ASSERT_TRUE(OpenClipboard(nullptr));
     Press("^e_+ll-^c_"); // backwards within one line
-    EXPECT_EQ(Clipboard(), "ee");
+    EXPECT_EQ(ClipboardText(), "ee");
     ASSERT_TRUE(OpenClipboard(nullptr));
     Press("l^c_"); // no selection: the clipboard is emptied
-    EXPECT_EQ(Clipboard(), "");
+    EXPECT_EQ(ClipboardText(), "");
 }
 
 // The bar's value for a line is LineCount minus its number; moving the bar
