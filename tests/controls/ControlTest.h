@@ -33,6 +33,27 @@ inline void PressKeys(const char* keys, const std::string& names, const unsigned
     }
 }
 
+// The plain text on the clipboard that the toolkit copies to and pastes from.
+inline std::string ClipboardText() {
+    std::string text;
+    if (!OpenClipboard(nullptr)) return text;
+    if (HANDLE memory = GetClipboardData(CF_TEXT)) {
+        text = static_cast<const char*>(GlobalLock(memory));
+        GlobalUnlock(memory);
+    }
+    CloseClipboard();
+    return text;
+}
+inline void PutOnClipboard(const std::string& text) {
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    EmptyClipboard();
+    HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+    memcpy(GlobalLock(memory), text.c_str(), text.size() + 1);
+    GlobalUnlock(memory);
+    SetClipboardData(CF_TEXT, memory);
+    CloseClipboard();
+}
+
 // A parent that keeps every notification (code and value) that reaches it and
 // can act on one, as composite controls do.
 class NotifiedParent : public TAVUElement {

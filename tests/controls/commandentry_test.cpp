@@ -4,8 +4,7 @@
 #include <string>
 #include <vector>
 
-// Both in textentry_test.cpp.
-void PutOnClipboard(const std::string& text);
+// In textentry_test.cpp.
 void Keys(const char* keys);
 
 class CommandEntryTest : public ControlTest {

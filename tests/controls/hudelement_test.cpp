@@ -22,29 +22,8 @@ protected:
     }
 };
 
-TEST_F(HudElementTest, KeysLoadAndASizeIsGivenWhereNoneIs) {
-    const struct {
-        const char* Keys;
-        const char* Expected; // text, group, interval, width, height
-    } rows[] = {
-        {"<Text>fps ${FPS}</Text><Group>stats</Group><UpdateInterval>5</UpdateInterval>"
-         "<Font><Size>14</Size></Font>",
-         "fps ${FPS} stats 5 20 14"},
-        {"<Width>90</Width><Height>7</Height>", "- (empty) 0 90 7"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.Keys);
-        TAVUHudElement* hud = Hud(row.Keys);
-        ASSERT_NE(hud, nullptr);
-        EXPECT_EQ(Words(hud->Text.Text ? hud->Text.Text : "-",
-                        hud->Group && hud->Group[0] ? hud->Group : "(empty)", hud->UpdateInterval,
-                        hud->Width, hud->Height),
-                  row.Expected);
-        Parent->DeleteChild(hud);
-    }
-}
-
-// Frame by frame, with the data sequence counting its evaluations: the text
+// The keys read back are tavuhost's hud_keys case, and the Alt drag its tree
+// case. Frame by frame, with the data sequence counting its evaluations: the text
 // is resolved when the interval has passed, and "NULL" in any case is not
 // drawn though it is kept.
 TEST_F(HudElementTest, TheTextIsResolvedOncePerIntervalAndNullIsNotDrawn) {
@@ -89,30 +68,6 @@ TEST_F(HudElementTest, SetTextShowsAtOnceWhateverTheInterval) {
     EXPECT_EQ(Frame(), "new@10,20");
     hud->SetText(nullptr);
     EXPECT_EQ(Words(Frame().empty(), hud->CachedText == nullptr), "1 1");
-}
-
-TEST_F(HudElementTest, OnlyAnAltPressDragsIt) {
-    TAVUHudElement* hud = Hud("<Text>t</Text><OnLeftClick>up</OnLeftClick>");
-    ASSERT_NE(hud, nullptr);
-    const struct {
-        bool Alt;
-        const char* Expected; // press taken, dragging, moves taken, place, release taken
-    } rows[] = {
-        {false, "0 0 0 10,20 0"},
-        {true, "1 1 1 17,15 1"},
-    };
-    for (const auto& row : rows) {
-        g_UIManager.Alt = row.Alt;
-        _Point2i press{12, 22}, move{19, 17};
-        bool pressed = hud->OnLMouseDown(press);
-        bool dragging = hud->Dragging;
-        bool moved = hud->OnMouseMove(move);
-        std::string place = std::to_string(hud->X) + "," + std::to_string(hud->Y);
-        bool released = hud->OnLMouseUp(move);
-        EXPECT_EQ(Words(pressed, dragging, moved, place, released), row.Expected);
-        EXPECT_FALSE(hud->Dragging);
-    }
-    g_UIManager.Alt = false;
 }
 
 // A data sequence whose script deletes the element it is drawn for.

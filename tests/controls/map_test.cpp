@@ -91,29 +91,7 @@ protected:
     }
 };
 
-TEST_F(MapTest, KeysHoldHalfTheSizeAndFallBackToPlainBlips) {
-    TAVUMap* sized = Map("<map><MapSizeX>200</MapSizeX><MapSizeY>50</MapSizeY>"
-                         "<ClipRadius>1</ClipRadius><BlipFactory></BlipFactory>"
-                         "<BlipTemplate>dot</BlipTemplate></map>");
-    ASSERT_NE(sized, nullptr);
-    EXPECT_EQ(sized->MapSizeX, 100.0f);
-    EXPECT_EQ(sized->MapSizeY, 25.0f);
-    EXPECT_TRUE(sized->Radial);
-    EXPECT_FALSE(sized->ShowLabels); // a file turns labels on itself
-    EXPECT_STREQ(sized->BlipFactory, "mapblip");
-    EXPECT_STREQ(sized->BlipTemplate, "dot");
-
-    // No size in the file: radial mode mends the radius at the next frame;
-    // box mode mends only Y.
-    TAVUMap* bare = Load<TAVUMap>("map", "Bare", "<map><ClipRadius>1</ClipRadius></map>");
-    TAVUMap* box = Load<TAVUMap>("map", "Box", "<map/>");
-    ASSERT_TRUE(bare && box);
-    RenderFrame();
-    EXPECT_EQ(bare->MapSizeX, 1.0f);
-    EXPECT_EQ(box->MapSizeX, 0.0f);
-    EXPECT_EQ(box->MapSizeY, 1.0f);
-}
-
+// How the keys read, and sizes a file leaves out, are tavuhost's map_keys case.
 TEST_F(MapTest, BlipsAreAddedReplacedByNameAndRemoved) {
     TAVUMap* map = Map("<map/>");
     ASSERT_NE(map, nullptr);

@@ -19,25 +19,7 @@ protected:
     }
 };
 
-TEST_F(ScrollBarTest, ArrowsComeFromTheTemplateOnlyAndTheSliderKeepsItsOwnKeys) {
-    TAVUScrollBar* bar = Bar("<Range>7</Range><UpButton><Width>99</Width></UpButton>"
-                             "<Slider><Height>40</Height></Slider>");
-    ASSERT_NE(bar, nullptr);
-    ASSERT_TRUE(bar->UpButton && bar->DownButton && bar->Slider);
-    // The node's UpButton is not read; its slider is, and nothing copies 7.
-    EXPECT_EQ(Words(bar->UpButton->Width, bar->UpButton->Name, bar->Range, bar->Slider->Height,
-                    bar->Slider->Range, bar->Slider->Vertical),
-              "16 upbutton 7 40 0 0");
-
-    Host.OnExecuteAtom = [&](const FakeHost::AtomRun& run) {
-        auto* child = static_cast<TAVUElement*>(run.This);
-        child->Parent->DeleteChild(child); // the slider's "OnLoad" deletes it
-        return 0;
-    };
-    EXPECT_EQ(Bar("<Slider><OnLoad>vanish</OnLoad></Slider>"), nullptr);
-    EXPECT_EQ(Parent->LastChild, bar); // the failed one is gone
-}
-
+// Which keys the arrows and the slider read is tavuhost's scrollbar_keys case.
 // What a user sees of the arrows and the methods is compared end to end
 // (tavuhost's sliders case); here, what reaches the parent.
 TEST_F(ScrollBarTest, OnlyChangesOfTheValueGetPastTheScrollBar) {

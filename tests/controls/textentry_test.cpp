@@ -4,17 +4,6 @@
 #include <cstring>
 #include <string>
 
-// Puts plain text on the clipboard that the toolkit pastes from.
-void PutOnClipboard(const std::string& text) {
-    ASSERT_TRUE(OpenClipboard(nullptr));
-    EmptyClipboard();
-    HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
-    memcpy(GlobalLock(memory), text.c_str(), text.size() + 1);
-    GlobalUnlock(memory);
-    SetClipboardData(CF_TEXT, memory);
-    CloseClipboard();
-}
-
 // The entry's keys: lower case letters stand for its editing keys (see PressKeys).
 void Keys(const char* keys) {
     static const unsigned codes[] = {37, 39, 36, 35, 8, 46, 45, 9, 13, 27, 108, 300};

@@ -83,14 +83,11 @@ protected:
             drawn += file + " ";
         return drawn;
     }
-    void Press(TAVUTree* tree, int x, int y, bool right = false) {
+    void Press(TAVUTree* tree, int x, int y) {
         Point = {x, y};
         TAVUElementWatch watch(tree);
-        if (right)
-            tree->OnRMouseDown(Point);
-        else
-            tree->OnLMouseDown(Point);
-        if (watch.Alive()) right ? tree->OnRMouseUp(Point) : tree->OnLMouseUp(Point);
+        tree->OnLMouseDown(Point);
+        if (watch.Alive()) tree->OnLMouseUp(Point);
     }
 };
 
@@ -190,38 +187,6 @@ TEST_F(TreeTest, RowsDrawIndentedWithTheImageOfTheirStateAndScroll) {
     Find(tree, "A")->Collapse(); // two rows: the offset goes back to 0
     EXPECT_EQ(Drawn(), "A 22,6 B 22,26 #shut #leaf ");
     EXPECT_EQ(Words(tree->ScrollBar->Visible, tree->ScrollOffset), "0 0");
-}
-
-TEST_F(TreeTest, PressesSelectToggleAndClearAsTheyLand) {
-    TAVUTree* tree = Tree("<OnSelect>sel</OnSelect><OnDeSelect>desel</OnDeSelect>"
-                          "<OnLeftClick>left</OnLeftClick><OnRightClick>right</OnRightClick>");
-    ASSERT_NE(tree, nullptr);
-    Build(tree->Root, "A(a1) B");
-    RenderFrame();
-    const struct {
-        int X, Y;
-        bool Right;
-        const char* Expected; // selection, A expanded, scripts run
-    } rows[] = {
-        {60, 30, false, "a1 1 sel left"}, // the text of a1 (depth 1)
-        {12, 10, false, "a1 0 left"},     // A's image only closes it
-        {22, 10, false, "a1 1 left"},     // the margin after the image counts
-        {23, 10, false, "A 1 desel sel left"},
-        {60, 90, false, "- 1 desel left"}, // below the last row
-        {40, 50, true, "B 1 sel left"},    // the right release fires the left's event
-        {1, 50, false, "- 1 desel left"},  // left of the rows' inset
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(Words(row.X, row.Y));
-        Host.ClearRecords();
-        Press(tree, row.X, row.Y, row.Right);
-        std::string ran;
-        for (const std::string& body : Host.Ran())
-            ran += " " + body;
-        EXPECT_EQ(Words(tree->Selection ? tree->Selection->Text : "-", Find(tree, "A")->Expanded) +
-                      ran,
-                  row.Expected);
-    }
 }
 
 // Each script below runs from the tree's own events and takes away what the
