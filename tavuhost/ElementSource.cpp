@@ -218,7 +218,8 @@ std::vector<std::string> ElementSource::Describe(const TAVUKeyRegistryTable* reg
 
     std::vector<std::string> lines;
     if (!found.Node) {
-        lines.push_back("  made by a script: no node in the loaded interface files");
+        lines.push_back(
+            "  no node in the loaded interface files: made by a script or by its parent control");
         return lines;
     }
     const LintElement& node = *found.Node;

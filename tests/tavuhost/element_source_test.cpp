@@ -63,7 +63,8 @@ TEST(ElementSource, FindsTheNodeAndMergesTheTemplateAsTheToolkitDoes) {
          "  made from no template: button (named by its type word) is not loaded", nullptr},
         {"Inner@Host", "frame", false, "    Border = 8  (node)", nullptr}, // Host: no file's
         {"Same", "frame", false, "tavu_source_second.xml:2:1", "Border"},
-        {"Nowhere", "frame", false, "  made by a script: no node in the loaded interface files",
+        {"Nowhere", "frame", false,
+         "  no node in the loaded interface files: made by a script or by its parent control",
          nullptr},
     };
     for (const auto& each : kCases) {
