@@ -164,7 +164,7 @@ void TAVUElement::SizeRecalculated(bool) {}
 
 // Controls draw themselves and then call this, so that children lie on top.
 void TAVUElement::Render() {
-    ShowAutoTooltip();
+    if (AutoTooltip) ShowAutoTooltip();
     RenderChildren();
 }
 
@@ -206,7 +206,8 @@ bool TAVUElement::RenderChild(TAVUElement* child, const _Point2i& position) {
             child->FadeState = TAVU_FADE_NORMAL;
         }
     }
-    child->CurrentAlpha = child->GetCurrentAlpha() * CurrentAlpha;
+    float alpha = child->FadeState == TAVU_FADE_NORMAL ? child->Alpha : child->GetCurrentAlpha();
+    child->CurrentAlpha = alpha * CurrentAlpha;
     child->Render();
     return StillExists(id, destroyed);
 }

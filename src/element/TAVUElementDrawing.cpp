@@ -169,55 +169,75 @@ void SplitSpan(LONG from, LONG to, LONG edge, LONG cuts[4]) {
     cuts[3] = to;
 }
 
-// The source cell (column, row) that shows at a destination cell, so that the
-// nine cells, each turned by the host, assemble the texture turned as a whole:
-// 1 a quarter turn clockwise, 2 a half turn, 3 three quarters.
-void SourceCell(uint8_t orientation, int column, int row, int& sourceColumn, int& sourceRow) {
-    switch (orientation) {
-    case 1:
-        sourceColumn = row, sourceRow = 2 - column;
-        break;
-    case 2:
-        sourceColumn = 2 - column, sourceRow = 2 - row;
-        break;
-    case 3:
-        sourceColumn = 2 - row, sourceRow = column;
-        break;
-    default:
-        sourceColumn = column, sourceRow = row;
-        break;
+// The cuts of a nine-cell draw: the destination's and the texture's.
+struct CellCuts {
+    LONG Columns[4], Rows[4], SourceColumns[4], SourceRows[4];
+};
+
+// For each destination cell (row * 3 + column), the source cell that shows
+// there, so that the nine cells, each turned by the host, assemble the texture
+// turned as a whole: 1 a quarter turn clockwise, 2 a half turn, 3 three
+// quarters. Any other orientation draws the cells in place.
+constexpr uint8_t kSourceCells[4][9] = {
+    {0, 1, 2, 3, 4, 5, 6, 7, 8},
+    {6, 3, 0, 7, 4, 1, 8, 5, 2},
+    {8, 7, 6, 5, 4, 3, 2, 1, 0},
+    {2, 5, 8, 1, 4, 7, 0, 3, 6},
+};
+
+// One turn per instance, so that every cell's source is known when compiling
+// and the nine records are written straight, field by field. (Building one
+// record and copying it nine times read back, in wide loads, the narrow
+// stores that had just built it: the processor stalled on every cell.)
+template <int Turn>
+void FillCells(TAVUDrawRecord (&cells)[9], const TAVUDrawRecord& shared, const CellCuts& cuts) {
+    for (int cell = 0; cell < 9; ++cell) {
+        int column = cell % 3, row = cell / 3;
+        int sourceColumn = kSourceCells[Turn][cell] % 3, sourceRow = kSourceCells[Turn][cell] / 3;
+        TAVUDrawRecord& out = cells[cell];
+        out.Flags = shared.Flags;
+        out.Left = cuts.Columns[column];
+        out.Top = cuts.Rows[row];
+        out.Right = cuts.Columns[column + 1];
+        out.Bottom = cuts.Rows[row + 1];
+        out.TextureLeft = cuts.SourceColumns[sourceColumn];
+        out.TextureTop = cuts.SourceRows[sourceRow];
+        out.TextureRight = cuts.SourceColumns[sourceColumn + 1];
+        out.TextureBottom = cuts.SourceRows[sourceRow + 1];
+        out.Texture = shared.Texture;
+        out.Alpha = shared.Alpha;
+        out.Orientation = shared.Orientation;
+        out.Reserved[0] = 0;
+        out.Reserved[1] = 0;
+        out.ColorMask = shared.ColorMask;
     }
 }
 } // namespace
 
 bool TAVUElement::TexturedRectBordered(tagRECT& rect, TAVUTexture* texture, unsigned width) {
-    if (!texture || !texture->Prepare() || !texture->GetSize()) return false;
+    if (!texture || !texture->PrepareWithSize()) return false;
     if (width == 0 || texture->Border == 0) return TexturedRect(rect, texture);
-    TAVUDrawRecord record{};
-    FillTextureRecord(record, texture);
-    LONG columns[4], rows[4], sourceColumns[4], sourceRows[4];
-    SplitSpan(rect.left, rect.right, LONG(width), columns);
-    SplitSpan(rect.top, rect.bottom, LONG(width), rows);
-    SplitSpan(texture->Left, texture->Right, LONG(texture->Border), sourceColumns);
-    SplitSpan(texture->Top, texture->Bottom, LONG(texture->Border), sourceRows);
-    // The cells share the texture's part of the record; only the two
-    // rectangles differ from cell to cell.
+    TAVUDrawRecord shared;
+    FillTextureRecord(shared, texture);
+    CellCuts cuts;
+    SplitSpan(rect.left, rect.right, LONG(width), cuts.Columns);
+    SplitSpan(rect.top, rect.bottom, LONG(width), cuts.Rows);
+    SplitSpan(texture->Left, texture->Right, LONG(texture->Border), cuts.SourceColumns);
+    SplitSpan(texture->Top, texture->Bottom, LONG(texture->Border), cuts.SourceRows);
     TAVUDrawRecord cells[9];
-    for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 3; ++column) {
-            int sourceColumn = 0, sourceRow = 0;
-            SourceCell(texture->Orientation, column, row, sourceColumn, sourceRow);
-            TAVUDrawRecord& cell = cells[row * 3 + column];
-            cell = record;
-            cell.Left = columns[column];
-            cell.Top = rows[row];
-            cell.Right = columns[column + 1];
-            cell.Bottom = rows[row + 1];
-            cell.TextureLeft = sourceColumns[sourceColumn];
-            cell.TextureTop = sourceRows[sourceRow];
-            cell.TextureRight = sourceColumns[sourceColumn + 1];
-            cell.TextureBottom = sourceRows[sourceRow + 1];
-        }
+    switch (shared.Orientation) {
+    case 1:
+        FillCells<1>(cells, shared, cuts);
+        break;
+    case 2:
+        FillCells<2>(cells, shared, cuts);
+        break;
+    case 3:
+        FillCells<3>(cells, shared, cuts);
+        break;
+    default:
+        FillCells<0>(cells, shared, cuts);
+        break;
     }
     return g_pHost->TexturedRects(9, cells);
 }

@@ -121,6 +121,8 @@ void TAVUFont::Release() {
 // The text colour with its alpha scaled by the owner's alpha of this frame.
 unsigned int TAVUFont::ColorWithOwnerAlpha() const {
     float ownerAlpha = Element ? Element->CurrentAlpha : 1.0f;
+    // Exact: at a factor of 1 the sum below gives back every alpha byte.
+    if (ownerAlpha == 1.0f) return Color;
     float alpha = float(Color >> 24) / 255.0f * ownerAlpha * 255.0f;
     unsigned byte = alpha > 255.0f ? 255u : unsigned(alpha > 0.0f ? alpha : 0.0f);
     return (Color & 0x00FFFFFF) | (byte << 24);
