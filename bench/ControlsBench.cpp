@@ -8,6 +8,7 @@
 #include "Module.h"
 #include "NullHost.h"
 #include "TAVUButton.h"
+#include "TAVUControlHelpers.h"
 
 #include <benchmark/benchmark.h>
 
@@ -158,6 +159,94 @@ void HitSearch(benchmark::State& state) {
     g_UIManager.Reset();
 }
 
+// The host calls of one frame, kept as the toolkit made them: what any
+// toolkit drawing this interface through this host must at least spend.
+struct HostCall {
+    enum Kind { Rect, Rects, Caption, Text } What;
+    unsigned First = 0, Count = 0; // records in HostCallList::Records
+    unsigned Handle = 0;           // the caption's pre-parsed text, or the font
+    tagRECT Place{};
+    unsigned Color = 0, Format = 0;
+};
+
+struct HostCallList {
+    std::vector<HostCall> Calls;
+    std::vector<TAVUDrawRecord> Records;
+};
+
+// Passes every call on to the benchmark host and keeps the drawing ones.
+class FrameRecorder : public InterfaceHost {
+public:
+    explicit FrameRecorder(HostCallList& list) : List(list) {}
+    bool TexturedRect(TAVUDrawRecord* record) override { return Keep(HostCall::Rect, 1, record); }
+    bool TexturedRects(unsigned count, TAVUDrawRecord* records) override {
+        return Keep(HostCall::Rects, count, records);
+    }
+    bool RetrieveProcessedText(unsigned handle, char* buffer, size_t size) override {
+        List.Calls.push_back({HostCall::Caption, 0, 0, handle});
+        return g_NullEvents.RetrieveProcessedText(handle, buffer, size);
+    }
+    size_t DrawText(unsigned font, const char* text, tagRECT* place, unsigned color,
+                    unsigned format) override {
+        List.Calls.push_back({HostCall::Text, 0, 0, font, *place, color, format});
+        return g_NullEvents.DrawText(font, text, place, color, format);
+    }
+
+private:
+    bool Keep(HostCall::Kind kind, unsigned count, const TAVUDrawRecord* records) {
+        List.Calls.push_back({kind, unsigned(List.Records.size()), count});
+        List.Records.insert(List.Records.end(), records, records + count);
+        return true;
+    }
+    HostCallList& List;
+};
+
+// Replays the recorded frame with nothing of the toolkit between the calls:
+// records copied to the stack (the host may write to them), each caption
+// fetched and drawn, every call through the host's table as the toolkit
+// makes it.
+void ReplayHostCalls(const HostCallList& list) {
+    TAVUDrawRecord records[9];
+    char caption[TAVUControlHelpers::TextBufferSize];
+    for (const HostCall& call : list.Calls) {
+        switch (call.What) {
+        case HostCall::Rect:
+        case HostCall::Rects: {
+            unsigned count = call.Count < 9 ? call.Count : 9;
+            for (unsigned i = 0; i < count; ++i)
+                records[i] = list.Records[call.First + i];
+            if (call.What == HostCall::Rect)
+                g_pHost->TexturedRect(records);
+            else
+                g_pHost->TexturedRects(count, records);
+            break;
+        }
+        case HostCall::Caption:
+            caption[0] = 0;
+            g_pHost->RetrieveProcessedText(call.Handle, caption, sizeof(caption));
+            break;
+        case HostCall::Text: {
+            tagRECT place = call.Place;
+            g_pHost->DrawText(call.Handle, caption, &place, call.Color, call.Format);
+            break;
+        }
+        }
+    }
+}
+
+void FrameHostCalls(benchmark::State& state) {
+    if (!LoadedButton()) return state.SkipWithError("the interface did not load");
+    HostCallList calls;
+    FrameRecorder recorder(calls);
+    g_pHost = &recorder;
+    g_UIManager.Render();
+    g_pHost = &g_NullEvents;
+    for (auto _ : state)
+        ReplayHostCalls(calls);
+    state.counters["calls_per_frame"] = double(calls.Calls.size());
+    g_UIManager.Reset();
+}
+
 const bool kRegistered = [] {
     benchmark::RegisterBenchmark("BM_LoadInterface/tavukit/nullhost", LoadInterface, &g_NullEvents)
         ->Unit(benchmark::kMillisecond);
@@ -168,6 +257,8 @@ const bool kRegistered = [] {
     benchmark::RegisterBenchmark("BM_FrameControls/tavukit/caption", FrameControls, true)
         ->Unit(benchmark::kMicrosecond);
     benchmark::RegisterBenchmark("BM_HitSearch/tavukit", HitSearch)->Unit(benchmark::kMicrosecond);
+    benchmark::RegisterBenchmark("BM_FrameHostCalls", FrameHostCalls)
+        ->Unit(benchmark::kMicrosecond);
     return true;
 }();
 } // namespace
