@@ -26,6 +26,19 @@ const size_t kFullNameBuffer = 4096;
 // ID, and must not be able to start the same deletion again.
 std::set<unsigned> g_ElementsBeingDeleted;
 
+// Siblings lie apart in memory, each with its own textures, fonts and texts:
+// a frame over thousands of them waited on every next sibling's first fields.
+// Asked for while the current sibling draws, they are there when needed.
+void AskForFrameFields(const TAVUElement* element) {
+#if defined(__GNUC__)
+    __builtin_prefetch(element);
+    __builtin_prefetch(&element->X);
+    __builtin_prefetch(&element->Visible);
+#else
+    (void)element;
+#endif
+}
+
 // While no element has been destroyed, every element the frame walk holds is
 // alive, and the walk can skip looking its ID up: the look-up would find it
 // and change nothing. Scripts that delete make the walk look.
@@ -186,6 +199,7 @@ void TAVUElement::RenderChildren() {
             child = child->Next;
             continue;
         }
+        if (child->Next) AskForFrameFields(child->Next);
         if (!RenderChild(child, position)) return;
         child = child->Next;
     }
