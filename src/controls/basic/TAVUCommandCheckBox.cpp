@@ -43,8 +43,8 @@ bool TAVUCommandCheckBox::IsTypeOf(const char* type) {
 // cannot calculate leaves the box as it was.
 void TAVUCommandCheckBox::Render() {
     if (Data.Text && Data.Text[0]) {
-        char text[TAVUControlHelpers::TextBufferSize] = {0};
-        Data.RetrieveProcessedText(text, sizeof(text));
+        char text[TAVUControlHelpers::TextBufferSize];
+        TAVUControlHelpers::RetrieveCaption(Data, text);
         double result = 0.0;
         if (g_pHost->Calculate(text, &result)) Checked = result != 0.0;
     }

@@ -104,10 +104,11 @@ int TAVUControlHelpers::CaptionTop(const TAVUElement* element, const TAVUFont* f
     return WrapAdd(int((unsigned(element->Height) - fontHeight) >> 1), element->AbsolutePosition.y);
 }
 
-void TAVUControlHelpers::RetrieveCaption(TAVUPreParse& text, char* buffer) {
+bool TAVUControlHelpers::RetrieveCaption(TAVUPreParse& text, char* buffer) {
     buffer[0] = 0;
-    text.RetrieveProcessedText(buffer, TextBufferSize);
+    bool retrieved = text.RetrieveProcessedText(buffer, TextBufferSize);
     buffer[TextBufferSize - 1] = 0;
+    return retrieved;
 }
 
 void TAVUControlHelpers::ReplaceText(char*& field, const char* text) {

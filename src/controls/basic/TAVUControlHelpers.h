@@ -61,7 +61,8 @@ public:
     // clearing the whole buffer for every caption of every frame cost more
     // than the rest of a control's drawing. A host that writes nothing leaves
     // an empty text, and the text always ends inside the buffer.
-    static void RetrieveCaption(TAVUPreParse& text, char* buffer);
+    // The host's answer comes back: false when it had no text to give.
+    static bool RetrieveCaption(TAVUPreParse& text, char* buffer);
 
     // Replaces an owned C string with a copy of text.
     static void ReplaceText(char*& field, const char* text);

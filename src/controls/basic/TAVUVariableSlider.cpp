@@ -52,8 +52,13 @@ bool TAVUVariableSlider::IsTypeOf(const char* type) {
 // number reads as 0; a VariableRange of 0 shows any value above Offset as
 // the whole Range.
 void TAVUVariableSlider::Render() {
-    char text[TAVUControlHelpers::TextBufferSize] = {0};
-    if (!Dragging && Sequence.Handle && Sequence.RetrieveProcessedText(text, sizeof(text))) {
+    // Only the ends of the buffer are cleared: the whole of it, every frame,
+    // cost more than the rest of the slider's drawing.
+    char text[TAVUControlHelpers::TextBufferSize];
+    text[0] = 0;
+    bool read = !Dragging && Sequence.Handle && Sequence.RetrieveProcessedText(text, sizeof(text));
+    text[sizeof(text) - 1] = 0;
+    if (read) {
         Primed = true;
         float read = std::max(0.0f, float(atof(text)) - Offset);
         float share = VariableRange != 0.0f ? read / VariableRange : read > 0.0f ? 1.0f : 0.0f;
