@@ -59,7 +59,7 @@ public:
 
     char* Start = nullptr; // the buffer
     char* End = nullptr;   // end of the text held
-    char* Limit = nullptr; // end of the buffer
+    char* Limit = nullptr; // end of the buffer (a few bytes of slack follow)
     size_t CapacityUnits = 0;
     XMLParser* Owner;
 
@@ -83,6 +83,8 @@ private:
     bool HasFailed = false;
     std::u16string Wide; // decoding room for invalid text
 
+    // Keeps zero bytes at End, where every scan stops.
+    void MarkEnd();
     bool NextToken(XMLToken& token);
     FillResult Refill();
     bool Grow(size_t units);
