@@ -405,6 +405,10 @@ XMLParser::TagResult XMLParser::ReadElement() {
 // A closing tag reads only the name; the token after it, normally the ">", is
 // stepped over by the caller unseen.
 XMLParser::TagResult XMLParser::ReadClosingTag() {
+    if (Current->Parent && Stream->SkipWord(Current->Name)) {
+        Current = Current->Parent;
+        return Next() ? TagDone : TagFailed;
+    }
     if (!Next()) return TagFailed;
     if (!Current->Parent) return TagFailed;
     if (!SameName(Token.Text, Current->Name)) {

@@ -263,6 +263,18 @@ void XMLStream::TakePlainText(std::string& out) {
     Cursor = stop;
 }
 
+// A word that reaches the end of what is held may go on after a refill, so
+// it is left to Next.
+bool XMLStream::SkipWord(const char* name) {
+    const char* at = Cursor;
+    for (; *name; ++name, ++at) {
+        if (at == End || *at != *name || KindOf(*at) != 0) return false;
+    }
+    if (at == Cursor || at == End || KindOf(*at) == 0) return false;
+    Cursor = const_cast<char*>(at);
+    return true;
+}
+
 bool XMLStream::Fail(const char* message) {
     HasFailed = true;
     if (Owner) Owner->SetErrorText("%s", message);

@@ -53,6 +53,10 @@ public:
     // "&" or zero byte, as reading them one by one would, and consumes them.
     // A word that runs to the end of what is held is left for Next.
     void TakePlainText(std::string& out);
+    // Consumes the next token when it is a word of exactly the bytes of name,
+    // as a closing tag nearly always repeats its opening tag, and answers
+    // whether it did; the word is never copied out.
+    bool SkipWord(const char* name);
     static int8_t KindOfByte(char byte) { return Kinds[static_cast<unsigned char>(byte)]; }
     // Whether the last false of Next was a failure rather than the end.
     bool Failed() const { return HasFailed; }

@@ -1,6 +1,7 @@
-// Runs of text are scanned several bytes at a time, and short names and
-// values are kept once per arena chunk: neither may change what a document
-// reads as.
+// Runs of text are scanned several bytes at a time, a closing name equal to
+// its element's is stepped over without a token, and short names and values
+// are kept once per arena chunk: none of it may change what a document reads
+// as.
 #include "XMLTestTree.h"
 
 #include <gtest/gtest.h>
@@ -72,4 +73,33 @@ TEST(XMLTextRuns, SharedTextsGoWithTheirChunk) {
         ASSERT_STREQ(last->FirstChild->Name, "24");
     }
     root->Destroy();
+}
+
+TEST(XMLTextRuns, ClosingNamesReadAsTokensWould) {
+    const struct {
+        const char* Text;
+        bool Ok;
+        const char* Result; // the tree, or the error
+    } cases[] = {
+        {"<a></A>", true, "e:a\n"},
+        {"<ab></a>", false, "Closing element a, expected ab"},
+        {"<a></ab>", false, "Closing element ab, expected a"},
+        {"<a></a-b>", false, "Bad text outside elements: b"},
+        {"<a>x</a", false, "Unknown Error"},
+    };
+    for (const auto& c : cases) {
+        auto parsed = ParseText(c.Text);
+        EXPECT_EQ(parsed.Ok, c.Ok) << c.Text;
+        EXPECT_EQ(c.Ok ? parsed.Tree : parsed.Error, c.Result) << c.Text;
+    }
+    // A closing name cut by the end of the first piece read is not taken for
+    // the part in front of the cut. (A "<" makes sure that twelve more
+    // characters are held, so only a longer name can reach the cut.)
+    const std::string name = "abcdefghijklmnop";
+    for (size_t pad = 4040; pad < 4080; ++pad) {
+        auto parsed = ParseText("<r><" + name + ">" + std::string(pad, ' ') + "</" + name + "q></" +
+                                name + "></r>");
+        EXPECT_EQ(parsed.Error, "Closing element " + name + "q, expected " + name)
+            << "padding " << pad;
+    }
 }
