@@ -357,6 +357,13 @@ bool XMLParser::ReadContentReference() {
 }
 
 XMLParser::TagResult XMLParser::ReadTag() {
+    // A name that the stream holds whole goes into its node without a token.
+    size_t length;
+    if (const char* name = Stream->PeekWord(length)) {
+        XMLNode* node = XMLNode::Create(Current, name, length, XMLNode::Element, &Arena);
+        Stream->Skip(length);
+        return ReadElement(node);
+    }
     if (!NextSkippingSpace()) return TagFailed;
     switch (Token.Kind) {
     case XMLToken::Question:
@@ -364,7 +371,8 @@ XMLParser::TagResult XMLParser::ReadTag() {
     case XMLToken::Exclamation:
         return ReadBang() ? TagDone : TagFailed;
     case XMLToken::Word:
-        return ReadElement();
+        return ReadElement(
+            XMLNode::Create(Current, Token.Text, Token.Length, XMLNode::Element, &Arena));
     case XMLToken::Slash:
         return ReadClosingTag();
     default:
@@ -374,8 +382,7 @@ XMLParser::TagResult XMLParser::ReadTag() {
 
 // An opening tag. A "/" anywhere in it makes the element self-closing, and the
 // ">" that ends such a tag is left for the caller to step over.
-XMLParser::TagResult XMLParser::ReadElement() {
-    XMLNode* node = XMLNode::Create(Current, Token.Text, Token.Length, XMLNode::Element, &Arena);
+XMLParser::TagResult XMLParser::ReadElement(XMLNode* node) {
     bool selfClosing = false;
     for (;;) {
         if (!Next()) return TagFailed;
@@ -405,7 +412,13 @@ XMLParser::TagResult XMLParser::ReadElement() {
 // A closing tag reads only the name; the token after it, normally the ">", is
 // stepped over by the caller unseen.
 XMLParser::TagResult XMLParser::ReadClosingTag() {
-    if (Current->Parent && Stream->SkipWord(Current->Name)) {
+    // A name with the very bytes of the open element's, held whole, is
+    // stepped over without a token: a closing tag nearly always repeats its
+    // opening tag.
+    size_t length;
+    const char* name = Current->Parent ? Stream->PeekWord(length) : nullptr;
+    if (name && strncmp(name, Current->Name, length) == 0 && Current->Name[length] == 0) {
+        Stream->Skip(length);
         Current = Current->Parent;
         return Next() ? TagDone : TagFailed;
     }

@@ -81,7 +81,7 @@ private:
     bool Next();
     bool NextSkippingSpace();
     TagResult ReadTag();
-    TagResult ReadElement();
+    TagResult ReadElement(XMLNode* node);
     TagResult ReadClosingTag();
     bool ReadContent(TagResult& result);
     bool ReadContentReference();

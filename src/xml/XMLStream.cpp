@@ -265,14 +265,14 @@ void XMLStream::TakePlainText(std::string& out) {
 
 // A word that reaches the end of what is held may go on after a refill, so
 // it is left to Next.
-bool XMLStream::SkipWord(const char* name) {
+const char* XMLStream::PeekWord(size_t& length) const {
     const char* at = Cursor;
-    for (; *name; ++name, ++at) {
-        if (at == End || *at != *name || KindOf(*at) != 0) return false;
-    }
-    if (at == Cursor || at == End || KindOf(*at) == 0) return false;
-    Cursor = const_cast<char*>(at);
-    return true;
+    // The zero kept at End stops the scan there at the latest.
+    while (KindOf(*at) == 0)
+        ++at;
+    if (at == Cursor || at == End) return nullptr;
+    length = size_t(at - Cursor);
+    return Cursor;
 }
 
 bool XMLStream::Fail(const char* message) {

@@ -53,10 +53,12 @@ public:
     // "&" or zero byte, as reading them one by one would, and consumes them.
     // A word that runs to the end of what is held is left for Next.
     void TakePlainText(std::string& out);
-    // Consumes the next token when it is a word of exactly the bytes of name,
-    // as a closing tag nearly always repeats its opening tag, and answers
-    // whether it did; the word is never copied out.
-    bool SkipWord(const char* name);
+    // The word at the head of the text when what is held shows all of it (a
+    // byte that is not a word's follows before the end), else null; nothing
+    // is consumed. The parser takes names from here without a token.
+    const char* PeekWord(size_t& length) const;
+    // Consumes bytes at the head of the text, as peeked.
+    void Skip(size_t bytes) { Cursor += bytes; }
     static int8_t KindOfByte(char byte) { return Kinds[static_cast<unsigned char>(byte)]; }
     // Whether the last false of Next was a failure rather than the end.
     bool Failed() const { return HasFailed; }

@@ -75,7 +75,7 @@ TEST(XMLTextRuns, SharedTextsGoWithTheirChunk) {
     root->Destroy();
 }
 
-TEST(XMLTextRuns, ClosingNamesReadAsTokensWould) {
+TEST(XMLTextRuns, NamesReadAsTokensWould) {
     const struct {
         const char* Text;
         bool Ok;
@@ -92,14 +92,18 @@ TEST(XMLTextRuns, ClosingNamesReadAsTokensWould) {
         EXPECT_EQ(parsed.Ok, c.Ok) << c.Text;
         EXPECT_EQ(c.Ok ? parsed.Tree : parsed.Error, c.Result) << c.Text;
     }
-    // A closing name cut by the end of the first piece read is not taken for
-    // the part in front of the cut. (A "<" makes sure that twelve more
+    // A name cut by the end of the first piece read is not taken for the
+    // part in front of the cut. (A "<" makes sure that twelve more
     // characters are held, so only a longer name can reach the cut.)
     const std::string name = "abcdefghijklmnop";
     for (size_t pad = 4040; pad < 4080; ++pad) {
         auto parsed = ParseText("<r><" + name + ">" + std::string(pad, ' ') + "</" + name + "q></" +
                                 name + "></r>");
         EXPECT_EQ(parsed.Error, "Closing element " + name + "q, expected " + name)
+            << "padding " << pad;
+        // The same for an opening name.
+        auto opened = ParseText("<r>" + std::string(pad, ' ') + "<" + name + "/></r>");
+        EXPECT_EQ(opened.Tree, "e:r\n  t:" + std::string(pad, ' ') + "\n  e:" + name + "\n")
             << "padding " << pad;
     }
 }
