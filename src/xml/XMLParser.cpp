@@ -306,8 +306,15 @@ bool XMLParser::Parse() {
         if (result == TagFailed) return false;
         // An opened element has already read its first content token.
         if (result == TagOpened) continue;
-        if (!Next()) return Current == Root && !Stream->Failed();
+        if (!NextAfterMarkup()) return Current == Root && !Stream->Failed();
     }
+}
+
+// Inside an element, the plain text in front of the next token goes to Text
+// at once, as its tokens would one by one.
+bool XMLParser::NextAfterMarkup() {
+    if (Current != Root) Stream->TakePlainText(Text);
+    return Next();
 }
 
 // One token of an element's content. Text and references collect into one
@@ -406,7 +413,7 @@ XMLParser::TagResult XMLParser::ReadElement(XMLNode* node) {
     }
     if (selfClosing) return TagDone;
     Current = node;
-    return Next() ? TagOpened : TagFailed;
+    return NextAfterMarkup() ? TagOpened : TagFailed;
 }
 
 // A closing tag reads only the name; the token after it, normally the ">", is

@@ -80,6 +80,7 @@ private:
 
     bool Next();
     bool NextSkippingSpace();
+    bool NextAfterMarkup();
     TagResult ReadTag();
     TagResult ReadElement(XMLNode* node);
     TagResult ReadClosingTag();
