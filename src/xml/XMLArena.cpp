@@ -1,28 +1,37 @@
 #include "XMLArena.h"
 
 #include <cstdlib>
-
-struct XMLArena::Chunk {
-    size_t Live;      // objects carved and not yet freed
-    XMLArena* Holder; // the arena while it holds the chunk, else null
-    Chunk* Newer;     // the next chunk in the holder's list
-    char* Free;       // next free byte
-    char* End;
-};
+#include <cstring>
 
 namespace {
 
-// Nodes and attributes hold pointers and 32-bit numbers at most.
-constexpr size_t kAlignment = alignof(void*);
-constexpr size_t kLargestChunk = 65536;
+constexpr size_t kAlignment = XMLArena::kAlignment;
+constexpr size_t kLargestChunk = XMLArena::kLargestChunk;
+constexpr size_t kChunkFields = XMLArena::kChunkFields;
 
-constexpr size_t RoundUp(size_t bytes) {
-    return (bytes + kAlignment - 1) & ~(kAlignment - 1);
+// Texts longer than this are seldom repeated and are not worth a look-up;
+// up to this length the first and the last eight bytes tell texts apart.
+constexpr size_t kLongestSharedText = 16;
+
+// The first and the last eight bytes (fewer for a shorter text) and the
+// length: enough to tell the short names and blanks of a document apart.
+uint64_t EdgesOf(const char* text, size_t length, uint64_t& last) {
+    uint64_t first = 0;
+    if (length >= 8) {
+        memcpy(&first, text, 8);
+        memcpy(&last, text + length - 8, 8);
+        return first;
+    }
+    for (size_t i = 0; i < length; ++i)
+        first |= uint64_t(static_cast<unsigned char>(text[i])) << (8 * i);
+    last = 0;
+    return first;
 }
 
-// The first object of a chunk stands behind the chunk's own fields, so no
-// object has the place 0.
-constexpr size_t kChunkFields = 48;
+size_t HashOf(uint64_t first, uint64_t last, size_t length) {
+    uint64_t mixed = (first ^ (last * 0x9E3779B97F4A7C15ull) ^ length) * 0xFF51AFD7ED558CCDull;
+    return size_t(mixed >> 40);
+}
 
 // Freed chunks of the largest size wait here for the next parse instead of
 // going back to the heap, up to a bound: a large tree is deleted and another
@@ -68,52 +77,70 @@ XMLArena::Chunk* XMLArena::ChunkOf(const void* object, uint16_t place) {
         const_cast<char*>(static_cast<const char*>(object) - size_t(place) * kAlignment));
 }
 
-uint16_t XMLArena::PlaceOf(const void* object) const {
-    const char* at = static_cast<const char*>(object);
-    const char* chunk = reinterpret_cast<const char*>(Current);
-    if (!Current || at < chunk || at >= Current->End) return 0;
-    return uint16_t(size_t(at - chunk) / kAlignment);
+XMLArena::~XMLArena() {
+    LetGo();
+    free(Shared);
 }
 
 void* XMLArena::AllocateLoose(size_t bytes) {
     return malloc(bytes);
 }
 
-void* XMLArena::Allocate(size_t bytes) {
+// Current has no room: a new chunk, or a block of its own for an object that
+// would waste the rest of one (a loose object among the held ones has to be
+// freed on its own).
+void* XMLArena::AllocateInNewChunk(size_t bytes, size_t textBytes) {
     static_assert(sizeof(Chunk) <= kChunkFields, "chunk fields grew");
     size_t needed = RoundUp(bytes);
-    // Large objects would waste the rest of a chunk: they stand alone, and a
-    // loose object among the held ones has to be freed on its own.
-    if (needed > kLargestChunk / 8) {
+    LastPlace = 0;
+    if (needed + textBytes > kLargestChunk / 8) {
         Changed = true;
-        return AllocateLoose(bytes);
+        return AllocateLoose(bytes + textBytes);
     }
-    if (!Current || size_t(Current->End - Current->Free) < needed) {
-        Retire();
-        size_t size = NextChunkBytes;
-        if (NextChunkBytes < kLargestChunk) NextChunkBytes *= 2;
-        if (size < kChunkFields + needed) size = kChunkFields + needed;
-        char* memory = static_cast<char*>(TakeChunk(size));
-        if (!memory) {
-            Changed = true;
-            return AllocateLoose(bytes);
-        }
-        Current = reinterpret_cast<Chunk*>(memory);
-        Current->Live = 0;
-        Current->Holder = this;
-        Current->Newer = nullptr;
-        Current->Free = memory + kChunkFields;
-        Current->End = memory + size;
-        if (Newest)
-            Newest->Newer = Current;
-        else
-            Oldest = Current;
-        Newest = Current;
+    Retire();
+    size_t size = NextChunkBytes;
+    if (NextChunkBytes < kLargestChunk) NextChunkBytes *= 2;
+    if (size < kChunkFields + needed + textBytes) size = kChunkFields + needed + textBytes;
+    char* memory = static_cast<char*>(TakeChunk(size));
+    if (!memory) {
+        Changed = true;
+        return AllocateLoose(bytes + textBytes);
     }
-    char* block = Current->Free;
-    Current->Free += needed;
-    ++Current->Live;
-    return block;
+    // The sharing table is made with the first chunk: a parser that reads
+    // nothing needs none.
+    if (!Shared) Shared = static_cast<SharedText*>(calloc(kSharedTexts, sizeof(SharedText)));
+    Current = reinterpret_cast<Chunk*>(memory);
+    ++CurrentNumber; // texts are shared within one chunk only
+    Current->Live = 0;
+    Current->Holder = this;
+    Current->Newer = nullptr;
+    Current->Free = memory + kChunkFields;
+    Current->Tail = Current->End = memory + size;
+    if (Newest)
+        Newest->Newer = Current;
+    else
+        Oldest = Current;
+    Newest = Current;
+    return Carve(needed);
+}
+
+char* XMLArena::KeepText(const char* text, size_t length) {
+    SharedText* shared = nullptr;
+    uint64_t first = 0;
+    uint64_t last = 0;
+    if (length <= kLongestSharedText && Shared) {
+        first = EdgesOf(text, length, last);
+        shared = &Shared[HashOf(first, last, length) % kSharedTexts];
+        if (shared->Chunk == CurrentNumber && shared->First == first && shared->Last == last &&
+            shared->Length == length)
+            return const_cast<char*>(shared->Text);
+    }
+    Current->Tail -= length + 1;
+    char* kept = Current->Tail;
+    if (length) memcpy(kept, text, length);
+    kept[length] = 0;
+    if (shared) *shared = {kept, uint32_t(length), CurrentNumber, first, last};
+    return kept;
 }
 
 void XMLArena::Retire() {
@@ -169,6 +196,12 @@ void XMLArena::Release(void* object) {
         chunk->Holder->Changed = true;
     else if (chunk->Live == 0)
         GiveBackChunk(chunk, size_t(chunk->End - reinterpret_cast<char*>(chunk)));
+}
+
+bool XMLArena::InChunk(const void* object, uint16_t place, const void* text) {
+    Chunk* chunk = ChunkOf(object, place);
+    const char* at = static_cast<const char*>(text);
+    return chunk && at >= reinterpret_cast<const char*>(chunk) && at < chunk->End;
 }
 
 void XMLArena::NoteChange(const void* object, uint16_t place) {

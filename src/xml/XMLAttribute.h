@@ -12,8 +12,8 @@ class TAVU_API XMLAttribute {
 public:
     // Both texts are copied; a null text is taken as empty.
     XMLAttribute(const char* name, const char* value);
-    // The same with both texts in the attribute's own allocation, carved from
-    // the arena when one is given.
+    // The same with both texts in the attribute's own allocation, or in the
+    // arena's chunk when one is given.
     static XMLAttribute* Create(const char* name, const char* value, XMLArena* arena = nullptr);
     static void* operator new(size_t size) noexcept;
     static void* operator new(size_t size, size_t extraBytes, XMLArena* arena) noexcept;
@@ -35,14 +35,15 @@ public:
     XMLAttribute* Next = nullptr;
 
 private:
-    // Where the value stands when it shares the attribute's own block, and
-    // whether the name does; a text anywhere else is a heap copy of its own
-    // and is freed. Place is the attribute's place in its arena chunk, 0 for
-    // an attribute of its own.
-    char* ValueInBlock = nullptr;
-    bool NameInBlock = false;
+    // Where the texts started out: in the chunk of the attribute's arena
+    // (Place, its place there, is not 0), or, with TextsInBlock, in the
+    // attribute's own block, name first. A text found anywhere else is a
+    // heap copy of its own and is freed.
+    bool TextsInBlock = false;
     uint16_t Place = 0;
 
-    XMLAttribute(const char* name, size_t nameLength, const char* value, size_t valueLength);
+    XMLAttribute() = default;
     char* BlockName() { return reinterpret_cast<char*>(this + 1); }
+    // Whether the text lies where the name (or the value) started out.
+    bool StoredWithAttribute(const char* text, bool isValue) const;
 };

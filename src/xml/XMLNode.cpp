@@ -22,28 +22,31 @@ char* DuplicateBytes(const char* text, size_t length) {
 // The flags fill the room behind Type: a node is no larger than its fields.
 static_assert(sizeof(void*) != 8 || sizeof(XMLNode) == 72, "XMLNode grew");
 
-XMLNode::XMLNode(XMLNode* parent, const char* name, uint32_t type)
-    : XMLNode(parent, name ? name : "", name ? strlen(name) : 0, type, false, false) {}
+XMLNode::XMLNode(XMLNode* parent, const char* name, uint32_t type) : XMLNode(parent, type, false) {
+    Name = DuplicateBytes(name ? name : "", name ? strlen(name) : 0);
+}
 
-XMLNode::XMLNode(XMLNode* parent, const char* name, size_t nameLength, uint32_t type, bool inBlock,
-                 bool sameArena)
-    : Type(type), NameInBlock(inBlock) {
-    if (inBlock) {
-        Name = BlockName();
-        if (nameLength) memcpy(Name, name, nameLength);
-        Name[nameLength] = 0;
-    } else {
-        Name = DuplicateBytes(name, nameLength);
-    }
+XMLNode::XMLNode(XMLNode* parent, uint32_t type, bool sameArena) : Name(nullptr), Type(type) {
     if (parent) AppendTo(parent, sameArena);
 }
 
 XMLNode* XMLNode::Create(XMLNode* parent, const char* name, size_t nameLength, uint32_t type,
                          XMLArena* arena) {
-    if (!name) nameLength = 0;
-    XMLNode* node = new (nameLength + 1, arena)
-        XMLNode(parent, name ? name : "", nameLength, type, true, arena != nullptr);
-    if (node && arena) node->Place = arena->PlaceOf(node);
+    if (!name) {
+        name = "";
+        nameLength = 0;
+    }
+    XMLNode* node = new (nameLength + 1, arena) XMLNode(parent, type, arena != nullptr);
+    if (!node) return nullptr;
+    if (arena) node->Place = arena->LastPlace;
+    if (node->Place) {
+        node->Name = arena->KeepText(name, nameLength);
+    } else {
+        node->NameInBlock = true;
+        node->Name = node->BlockName();
+        if (nameLength) memcpy(node->Name, name, nameLength);
+        node->Name[nameLength] = 0;
+    }
     return node;
 }
 
@@ -51,7 +54,7 @@ void* XMLNode::operator new(size_t size) noexcept {
     return XMLArena::AllocateLoose(size);
 }
 void* XMLNode::operator new(size_t size, size_t extraBytes, XMLArena* arena) noexcept {
-    return arena ? arena->Allocate(size + extraBytes) : XMLArena::AllocateLoose(size + extraBytes);
+    return arena ? arena->Allocate(size, extraBytes) : XMLArena::AllocateLoose(size + extraBytes);
 }
 void XMLNode::operator delete(void* block) noexcept {
     XMLArena::Release(block);
@@ -60,8 +63,13 @@ void XMLNode::operator delete(void* block, size_t, XMLArena*) noexcept {
     XMLArena::Release(block);
 }
 
+bool XMLNode::NameStoredWithNode() const {
+    if (Place) return XMLArena::InChunk(this, Place, Name);
+    return NameInBlock && Name == reinterpret_cast<const char*>(this + 1);
+}
+
 XMLNode::~XMLNode() {
-    if (!NameInBlock || Name != BlockName()) StrFree(Name);
+    if (!NameStoredWithNode()) StrFree(Name);
     for (XMLAttribute* attribute = FirstAttribute; attribute;) {
         XMLAttribute* next = attribute->Next;
         delete attribute;
@@ -88,7 +96,7 @@ XMLNode::~XMLNode() {
 
 void XMLNode::SetName(const char* name) {
     NoteChange();
-    if (!NameInBlock || Name != BlockName()) StrFree(Name);
+    if (!NameStoredWithNode()) StrFree(Name);
     Name = StrDuplicate(name ? name : "");
 }
 

@@ -27,8 +27,9 @@ public:
     // The same for a name of a known length, which need not be terminated;
     // the name shares the node's allocation, which makes a document's many
     // nodes cheaper to build and to free.
-    // With an arena, the node is carved from it, and the parent must be null
-    // or a node carved from the same arena.
+    // With an arena, the node is carved from it, its name is kept in the same
+    // chunk (shared with the nodes there that have the same short name), and
+    // the parent must be null or a node carved from the same arena.
     static XMLNode* Create(XMLNode* parent, const char* name, size_t nameLength, uint32_t type,
                            XMLArena* arena = nullptr);
     XMLNode(const XMLNode&) = delete;
@@ -64,10 +65,11 @@ public:
 
 private:
     // Kept in the room behind Type, so that a node takes no more than its
-    // public fields. NameInBlock is set while Name started out in the node's
-    // own block (whoever replaces Name with a heap copy of their own gets it
-    // freed as usual); Place is the node's place in its arena chunk, 0 for a
-    // node of its own.
+    // public fields. Place is the node's place in its arena chunk, 0 for a
+    // node of its own; NameInBlock is set when such a node's name started out
+    // in its own block. A name found anywhere but there or in the node's
+    // chunk is a heap copy (whoever replaces Name with one of their own gets
+    // it freed as usual).
     bool NameInBlock = false;
     uint16_t Place = 0;
 
@@ -80,9 +82,10 @@ public:
     XMLNode* Prev = nullptr;
 
 private:
-    XMLNode(XMLNode* parent, const char* name, size_t nameLength, uint32_t type, bool inBlock,
-            bool sameArena);
+    XMLNode(XMLNode* parent, uint32_t type, bool sameArena);
     char* BlockName() { return reinterpret_cast<char*>(this + 1); }
+    // Whether Name lies in storage that goes with the node itself.
+    bool NameStoredWithNode() const;
     void AppendTo(XMLNode* parent, bool sameArena);
     // Tells the arena that holds this node, if any, that freeing it with its
     // chunks would miss something.

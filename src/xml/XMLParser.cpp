@@ -306,8 +306,15 @@ bool XMLParser::Parse() {
         if (result == TagFailed) return false;
         // An opened element has already read its first content token.
         if (result == TagOpened) continue;
-        if (!Next()) return Current == Root && !Stream->Failed();
+        if (!NextAfterMarkup()) return Current == Root && !Stream->Failed();
     }
+}
+
+// Inside an element, the plain text in front of the next token goes to Text
+// at once, as its tokens would one by one.
+bool XMLParser::NextAfterMarkup() {
+    if (Current != Root) Stream->TakePlainText(Text);
+    return Next();
 }
 
 // One token of an element's content. Text and references collect into one
@@ -357,6 +364,13 @@ bool XMLParser::ReadContentReference() {
 }
 
 XMLParser::TagResult XMLParser::ReadTag() {
+    // A name that the stream holds whole goes into its node without a token.
+    size_t length;
+    if (const char* name = Stream->PeekWord(length)) {
+        XMLNode* node = XMLNode::Create(Current, name, length, XMLNode::Element, &Arena);
+        Stream->Skip(length);
+        return ReadElement(node);
+    }
     if (!NextSkippingSpace()) return TagFailed;
     switch (Token.Kind) {
     case XMLToken::Question:
@@ -364,7 +378,8 @@ XMLParser::TagResult XMLParser::ReadTag() {
     case XMLToken::Exclamation:
         return ReadBang() ? TagDone : TagFailed;
     case XMLToken::Word:
-        return ReadElement();
+        return ReadElement(
+            XMLNode::Create(Current, Token.Text, Token.Length, XMLNode::Element, &Arena));
     case XMLToken::Slash:
         return ReadClosingTag();
     default:
@@ -374,8 +389,7 @@ XMLParser::TagResult XMLParser::ReadTag() {
 
 // An opening tag. A "/" anywhere in it makes the element self-closing, and the
 // ">" that ends such a tag is left for the caller to step over.
-XMLParser::TagResult XMLParser::ReadElement() {
-    XMLNode* node = XMLNode::Create(Current, Token.Text, Token.Length, XMLNode::Element, &Arena);
+XMLParser::TagResult XMLParser::ReadElement(XMLNode* node) {
     bool selfClosing = false;
     for (;;) {
         if (!Next()) return TagFailed;
@@ -399,12 +413,22 @@ XMLParser::TagResult XMLParser::ReadElement() {
     }
     if (selfClosing) return TagDone;
     Current = node;
-    return Next() ? TagOpened : TagFailed;
+    return NextAfterMarkup() ? TagOpened : TagFailed;
 }
 
 // A closing tag reads only the name; the token after it, normally the ">", is
 // stepped over by the caller unseen.
 XMLParser::TagResult XMLParser::ReadClosingTag() {
+    // A name with the very bytes of the open element's, held whole, is
+    // stepped over without a token: a closing tag nearly always repeats its
+    // opening tag.
+    size_t length;
+    const char* name = Current->Parent ? Stream->PeekWord(length) : nullptr;
+    if (name && strncmp(name, Current->Name, length) == 0 && Current->Name[length] == 0) {
+        Stream->Skip(length);
+        Current = Current->Parent;
+        return Next() ? TagDone : TagFailed;
+    }
     if (!Next()) return TagFailed;
     if (!Current->Parent) return TagFailed;
     if (!SameName(Token.Text, Current->Name)) {

@@ -80,8 +80,9 @@ private:
 
     bool Next();
     bool NextSkippingSpace();
+    bool NextAfterMarkup();
     TagResult ReadTag();
-    TagResult ReadElement();
+    TagResult ReadElement(XMLNode* node);
     TagResult ReadClosingTag();
     bool ReadContent(TagResult& result);
     bool ReadContentReference();

@@ -5,6 +5,7 @@
 #include "XMLToken.h"
 
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -12,6 +13,32 @@
 namespace {
 
 constexpr int8_t kEndOfInput = -1;
+
+// Behind the buffer: room for the zero bytes kept at End. The first stops
+// every scan there without a test of its own; with the others, a word read
+// at End holds no byte that was never written.
+constexpr size_t kSlackBytes = 8;
+
+static_assert(std::endian::native == std::endian::little, "scans read words low byte first");
+
+// A word with 0x80 in every byte of the word that is zero: exact for the
+// lowest such byte (a higher one may be marked falsely), which is all that
+// the scans below use.
+inline uint64_t ZeroBytes(uint64_t word) {
+    return (word - 0x0101010101010101ull) & ~word & 0x8080808080808080ull;
+}
+
+// The first "<", "&" or zero byte at or behind text, eight bytes at a time;
+// the zero kept at End stops it there at the latest.
+const char* FindMarkupOrZero(const char* text) {
+    for (;; text += 8) {
+        uint64_t word;
+        memcpy(&word, text, 8);
+        uint64_t found = ZeroBytes(word) | ZeroBytes(word ^ 0x3C3C3C3C3C3C3C3Cull) |
+                         ZeroBytes(word ^ 0x2626262626262626ull);
+        if (found) return text + std::countr_zero(found) / 8;
+    }
+}
 
 } // namespace
 
@@ -104,6 +131,11 @@ bool IsValidRun(const char* bytes, size_t count) {
 
 size_t AsciiPrefix(const char* bytes, size_t count) {
     size_t i = 0;
+    for (; i + 32 <= count; i += 32) {
+        uint64_t words[4];
+        memcpy(words, bytes + i, 32);
+        if ((words[0] | words[1] | words[2] | words[3]) & 0x8080808080808080ull) break;
+    }
     for (; i + 8 <= count; i += 8) {
         uint64_t word;
         memcpy(&word, bytes + i, 8);
@@ -117,10 +149,11 @@ size_t AsciiPrefix(const char* bytes, size_t count) {
 } // namespace
 
 XMLStream::XMLStream(XMLParser* owner) : Owner(owner) {
-    Start = static_cast<char*>(malloc(InitialUnits * BytesPerUnit));
+    Start = static_cast<char*>(malloc(InitialUnits * BytesPerUnit + kSlackBytes));
     End = Cursor = Start;
     Limit = Start ? Start + InitialUnits * BytesPerUnit : nullptr;
     CapacityUnits = Start ? InitialUnits : 0;
+    MarkEnd();
 }
 
 XMLStream::~XMLStream() {
@@ -165,15 +198,20 @@ size_t XMLStream::Decode(const char* bytes, size_t count, char* out) {
     return written;
 }
 
+void XMLStream::MarkEnd() {
+    if (End) memset(End, 0, kSlackBytes);
+}
+
 bool XMLStream::Grow(size_t units) {
     if (units > MaximumUnits) return false;
     size_t held = size_t(End - Start);
-    char* grown = static_cast<char*>(realloc(Start, units * BytesPerUnit));
+    char* grown = static_cast<char*>(realloc(Start, units * BytesPerUnit + kSlackBytes));
     if (!grown) return false;
     Start = Cursor = grown;
     End = grown + held;
     Limit = grown + units * BytesPerUnit;
     CapacityUnits = units;
+    MarkEnd();
     return true;
 }
 
@@ -186,6 +224,7 @@ XMLStream::FillResult XMLStream::Refill() {
         memmove(Start, Cursor, held);
         Cursor = Start;
         End = Start + held;
+        MarkEnd();
     }
     size_t heldUnits = CountUnits(Start, held);
     size_t request = heldUnits == CapacityUnits ? CapacityUnits : heldUnits;
@@ -195,6 +234,7 @@ XMLStream::FillResult XMLStream::Refill() {
     }
     size_t bytes = Read(End, CapacityUnits - heldUnits);
     End += bytes;
+    MarkEnd();
     return bytes ? FillDone : FillExhausted;
 }
 
@@ -212,17 +252,27 @@ bool XMLStream::NextToken(XMLToken& token) {
 }
 
 void XMLStream::TakePlainText(std::string& out) {
-    char* scan = Cursor;
-    char* tokenStart = Cursor;
-    for (; scan < End; ++scan) {
-        int8_t kind = KindOf(*scan);
-        if (kind == 0) continue;
-        if (kind == XMLToken::LessThan || kind == XMLToken::Ampersand || kind == kEndOfInput) break;
-        tokenStart = scan + 1;
+    char* stop = const_cast<char*>(FindMarkupOrZero(Cursor));
+    // Text that runs to the end of what is held stops behind its last token
+    // that is not a word.
+    if (stop == End) {
+        while (stop > Cursor && KindOf(stop[-1]) == 0)
+            --stop;
     }
-    char* stop = scan < End ? scan : tokenStart;
     out.append(Cursor, size_t(stop - Cursor));
     Cursor = stop;
+}
+
+// A word that reaches the end of what is held may go on after a refill, so
+// it is left to Next.
+const char* XMLStream::PeekWord(size_t& length) const {
+    const char* at = Cursor;
+    // The zero kept at End stops the scan there at the latest.
+    while (KindOf(*at) == 0)
+        ++at;
+    if (at == Cursor || at == End) return nullptr;
+    length = size_t(at - Cursor);
+    return Cursor;
 }
 
 bool XMLStream::Fail(const char* message) {
@@ -242,8 +292,9 @@ bool XMLStream::MakeWord(XMLToken& token, size_t bytes) {
 bool XMLStream::NextWord(XMLToken& token) {
     size_t scanned = 1;
     for (;;) {
+        // The zero kept at End ends the word there at the latest.
         const char* scan = Cursor + scanned;
-        while (scan < End && KindOf(*scan) == 0)
+        while (KindOf(*scan) == 0)
             ++scan;
         scanned = size_t(scan - Cursor);
         if (scan < End) break;

@@ -53,13 +53,19 @@ public:
     // "&" or zero byte, as reading them one by one would, and consumes them.
     // A word that runs to the end of what is held is left for Next.
     void TakePlainText(std::string& out);
+    // The word at the head of the text when what is held shows all of it (a
+    // byte that is not a word's follows before the end), else null; nothing
+    // is consumed. The parser takes names from here without a token.
+    const char* PeekWord(size_t& length) const;
+    // Consumes bytes at the head of the text, as peeked.
+    void Skip(size_t bytes) { Cursor += bytes; }
     static int8_t KindOfByte(char byte) { return Kinds[static_cast<unsigned char>(byte)]; }
     // Whether the last false of Next was a failure rather than the end.
     bool Failed() const { return HasFailed; }
 
     char* Start = nullptr; // the buffer
     char* End = nullptr;   // end of the text held
-    char* Limit = nullptr; // end of the buffer
+    char* Limit = nullptr; // end of the buffer (a few bytes of slack follow)
     size_t CapacityUnits = 0;
     XMLParser* Owner;
 
@@ -83,6 +89,8 @@ private:
     bool HasFailed = false;
     std::u16string Wide; // decoding room for invalid text
 
+    // Keeps zero bytes at End, where every scan stops.
+    void MarkEnd();
     bool NextToken(XMLToken& token);
     FillResult Refill();
     bool Grow(size_t units);
