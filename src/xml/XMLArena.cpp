@@ -9,30 +9,6 @@ constexpr size_t kAlignment = XMLArena::kAlignment;
 constexpr size_t kLargestChunk = XMLArena::kLargestChunk;
 constexpr size_t kChunkFields = XMLArena::kChunkFields;
 
-// Texts longer than this are seldom repeated and are not worth a look-up;
-// up to this length the first and the last eight bytes tell texts apart.
-constexpr size_t kLongestSharedText = 16;
-
-// The first and the last eight bytes (fewer for a shorter text) and the
-// length: enough to tell the short names and blanks of a document apart.
-uint64_t EdgesOf(const char* text, size_t length, uint64_t& last) {
-    uint64_t first = 0;
-    if (length >= 8) {
-        memcpy(&first, text, 8);
-        memcpy(&last, text + length - 8, 8);
-        return first;
-    }
-    for (size_t i = 0; i < length; ++i)
-        first |= uint64_t(static_cast<unsigned char>(text[i])) << (8 * i);
-    last = 0;
-    return first;
-}
-
-size_t HashOf(uint64_t first, uint64_t last, size_t length) {
-    uint64_t mixed = (first ^ (last * 0x9E3779B97F4A7C15ull) ^ length) * 0xFF51AFD7ED558CCDull;
-    return size_t(mixed >> 40);
-}
-
 // Freed chunks of the largest size wait here for the next parse instead of
 // going back to the heap, up to a bound: a large tree is deleted and another
 // built chunk by chunk, and memory the heap gave back to the system costs a
@@ -79,7 +55,6 @@ XMLArena::Chunk* XMLArena::ChunkOf(const void* object, uint16_t place) {
 
 XMLArena::~XMLArena() {
     LetGo();
-    free(Shared);
 }
 
 void* XMLArena::AllocateLoose(size_t bytes) {
@@ -106,11 +81,7 @@ void* XMLArena::AllocateInNewChunk(size_t bytes, size_t textBytes) {
         Changed = true;
         return AllocateLoose(bytes + textBytes);
     }
-    // The sharing table is made with the first chunk: a parser that reads
-    // nothing needs none.
-    if (!Shared) Shared = static_cast<SharedText*>(calloc(kSharedTexts, sizeof(SharedText)));
     Current = reinterpret_cast<Chunk*>(memory);
-    ++CurrentNumber; // texts are shared within one chunk only
     Current->Live = 0;
     Current->Holder = this;
     Current->Newer = nullptr;
@@ -125,21 +96,10 @@ void* XMLArena::AllocateInNewChunk(size_t bytes, size_t textBytes) {
 }
 
 char* XMLArena::KeepText(const char* text, size_t length) {
-    SharedText* shared = nullptr;
-    uint64_t first = 0;
-    uint64_t last = 0;
-    if (length <= kLongestSharedText && Shared) {
-        first = EdgesOf(text, length, last);
-        shared = &Shared[HashOf(first, last, length) % kSharedTexts];
-        if (shared->Chunk == CurrentNumber && shared->First == first && shared->Last == last &&
-            shared->Length == length)
-            return const_cast<char*>(shared->Text);
-    }
     Current->Tail -= length + 1;
     char* kept = Current->Tail;
     if (length) memcpy(kept, text, length);
     kept[length] = 0;
-    if (shared) *shared = {kept, uint32_t(length), CurrentNumber, first, last};
     return kept;
 }
 

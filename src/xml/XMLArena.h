@@ -4,11 +4,12 @@
 //
 // An object knows its place in its chunk (0 outside any), which leads to the
 // chunk without a header in front of every object. The texts of a chunk's
-// objects (names and values) are carved from the chunk's other end, and a
-// text that the chunk already holds is shared rather than copied again: a
-// document repeats a handful of names and blanks thousands of times. A text
-// is only ever shared within its chunk, so it lives exactly as long as the
-// objects that point to it. While the arena
+// objects (names and values) are carved from the chunk's other end, so a
+// text goes with the chunk of the object that owns it. Each object keeps
+// texts of its own, never shared with another, even where a document repeats
+// a name thousands of times: the tree's texts are open to whoever holds a
+// node, and a change made in place to one must not show in another (sharing
+// equal short texts within a chunk measured no faster anyway). While the arena
 // holds its document, the chunks stay with it, and a tree that nobody changed
 // since the parse is freed chunk by chunk without visiting a node. Once the
 // arena lets go (a tree kept after its parser is gone, or one that was
@@ -38,7 +39,7 @@ public:
         return AllocateInNewChunk(bytes, textBytes);
     }
     // A zero-terminated copy of the text in the chunk of the object just
-    // allocated, or the same text already there; within the room reserved.
+    // allocated, within the room reserved.
     char* KeepText(const char* text, size_t length);
     // The place of the object allocated last, for the object to keep: small
     // enough for the spare bytes of a node or an attribute; 0 when it stands
@@ -92,18 +93,6 @@ private:
     Chunk* Newest = nullptr;
     size_t NextChunkBytes = 4096;
     bool Changed = false;
-    // The last text kept for each hash, with the number of the chunk that
-    // holds it: only those of Current (numbered CurrentNumber) are shared.
-    struct SharedText {
-        const char* Text;
-        uint32_t Length;
-        uint32_t Chunk;
-        uint64_t First; // the first and the last eight bytes
-        uint64_t Last;
-    };
-    static constexpr size_t kSharedTexts = 512;
-    SharedText* Shared = nullptr;
-    uint32_t CurrentNumber = 0;
 
     static Chunk* ChunkOf(const void* object, uint16_t place);
     static constexpr size_t RoundUp(size_t bytes) {

@@ -28,8 +28,7 @@ public:
     // the name shares the node's allocation, which makes a document's many
     // nodes cheaper to build and to free.
     // With an arena, the node is carved from it, its name is kept in the same
-    // chunk (shared with the nodes there that have the same short name), and
-    // the parent must be null or a node carved from the same arena.
+    // chunk, and the parent must be null or a node carved from the same arena.
     static XMLNode* Create(XMLNode* parent, const char* name, size_t nameLength, uint32_t type,
                            XMLArena* arena = nullptr);
     XMLNode(const XMLNode&) = delete;

@@ -45,9 +45,36 @@ TEST(XMLTextRuns, StopAtTheFirstMarkupByteWhereverItStands) {
     }
 }
 
+// Every node and attribute owns its texts, however often a document repeats
+// them: a change made in place to one shows in no other.
+TEST(XMLTextRuns, RepeatedTextsAreEachTheirOwn) {
+    std::string text = "<r>";
+    for (int i = 0; i < 50; ++i)
+        text += "<item k=\"v\">24</item>\n";
+    text += "</r>";
+    XMLParser parser;
+    ASSERT_TRUE(parser.ParseBuffer(text.data(), text.size()));
+    XMLNode* first = parser.Root->FirstChild->FirstChild;
+    first->Name[0] = 'X';
+    first->FirstAttribute->Name[0] = 'X';
+    first->FirstAttribute->Value[0] = 'X';
+    first->FirstChild->Name[0] = 'X';
+    first->Next->Name[0] = 'X'; // the blank behind the first item
+    for (XMLNode* node = first->Next->Next; node; node = node->Next) {
+        if (node->Type == XMLNode::Text) {
+            ASSERT_STREQ(node->Name, "\n");
+            continue;
+        }
+        ASSERT_STREQ(node->Name, "item");
+        ASSERT_STREQ(node->FirstAttribute->Name, "k");
+        ASSERT_STREQ(node->FirstAttribute->Value, "v");
+        ASSERT_STREQ(node->FirstChild->Name, "24");
+    }
+}
+
 // A tree kept after its parser is gone goes node by node, and each chunk with
 // its last node: every name and value must belong to its own node's chunk.
-TEST(XMLTextRuns, SharedTextsGoWithTheirChunk) {
+TEST(XMLTextRuns, TextsGoWithTheirChunk) {
     std::string text = "<r>";
     for (int i = 0; i < 3000; ++i)
         text += "<item k=\"v\">24</item>\n";
