@@ -56,9 +56,10 @@ void TAVUVariableSlider::Render() {
     // cost more than the rest of the slider's drawing.
     char text[TAVUControlHelpers::TextBufferSize];
     text[0] = 0;
-    bool read = !Dragging && Sequence.Handle && Sequence.RetrieveProcessedText(text, sizeof(text));
+    bool retrieved =
+        !Dragging && Sequence.Handle && Sequence.RetrieveProcessedText(text, sizeof(text));
     text[sizeof(text) - 1] = 0;
-    if (read) {
+    if (retrieved) {
         Primed = true;
         float read = std::max(0.0f, float(atof(text)) - Offset);
         float share = VariableRange != 0.0f ? read / VariableRange : read > 0.0f ? 1.0f : 0.0f;
